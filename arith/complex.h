@@ -1,0 +1,58 @@
+// Complex arrays as arrays of their parts: re, im, re, im, ...
+#ifndef ORV_ARITH_COMPLEX_H
+#define ORV_ARITH_COMPLEX_H
+
+#include <cstddef>
+#include <type_traits>
+
+#include "simd/vec.h"
+
+namespace ORV_VARIANT {
+
+template <class C>
+using part_of = decltype(C::re);
+
+template <class C>
+ORV_INLINE part_of<C>* parts(C* z)
+{
+    return reinterpret_cast<part_of<C>*>(z);
+}
+template <class C>
+ORV_INLINE const part_of<C>* parts(const C* z)
+{
+    return reinterpret_cast<const part_of<C>*>(z);
+}
+
+template <class C>
+    requires std::is_class_v<C>
+ORV_INLINE vec<part_of<C>> splat(C z)
+{
+    return splat_pair(z.re, z.im);
+}
+
+/// Calls run(first, count) for pieces of the 2 * len parts, each with a count that is a length again.
+template <class Run>
+ORV_INLINE OrvStatus for_parts(int len, Run run)
+{
+    constexpr int most = 0x3ffffffe;
+    std::ptrdiff_t at = 0;
+    for (; len > most; len -= most, at += most) {
+        if (const OrvStatus status = run(2 * at, 2 * most)) return status;
+    }
+    return run(2 * at, 2 * len);
+}
+
+/// The real body over the parts of complex vectors. The length is tested here, the pointers in the body.
+template <class R, class C, class... Rest>
+ORV_INLINE OrvStatus by_parts(OrvStatus (*body)(const R*, const R*, R*, int, Rest...), const C* src1, const C* src2,
+                              C* dst, int len, std::type_identity_t<Rest>... rest)
+{
+    if (len < 1) return orvErrBadLength;
+    return for_parts(len, [=](std::ptrdiff_t at, int n) {
+        return body(parts(src1) + at, parts(src2) + at, parts(dst) + at, n, rest...);
+    });
+}
+
+}
+
+#endif

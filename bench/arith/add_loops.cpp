@@ -1,0 +1,106 @@
+// A file of their own, so that no caller's constants reach the loops.
+#include "bench/arith/add_loops.h"
+
+#include <algorithm>
+#include <limits>
+#include <type_traits>
+
+#include "orvs/types.h"
+
+namespace loops {
+namespace {
+
+/// Holds every sum and difference of two T.
+template <class T>
+using wide = std::conditional_t<std::is_floating_point_v<T>, T, std::conditional_t<sizeof(T) < 4, Orv32s, Orv64s>>;
+
+template <class T>
+T saturate(wide<T> x)
+{
+    if constexpr (std::is_floating_point_v<T>) {
+        return x;
+    } else {
+        return static_cast<T>(std::clamp<wide<T>>(x, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
+    }
+}
+
+/// To nearest: adds just below one half, and a little more when the integer part is odd, then rounds down.
+template <class T>
+T scaled(wide<T> x, int scale)
+{
+    const wide<T> half = wide<T>{1} << (scale - 1);
+    return saturate<T>((x + half - 1 + ((x >> scale) & 1)) >> scale);
+}
+
+} // namespace
+
+template <class T>
+void add(const T* __restrict src1, const T* __restrict src2, T* __restrict dst, int n)
+{
+    for (int i = 0; i < n; ++i) dst[i] = saturate<T>(wide<T>{src1[i]} + src2[i]);
+}
+
+template <class T>
+void sub(const T* __restrict src1, const T* __restrict src2, T* __restrict dst, int n)
+{
+    for (int i = 0; i < n; ++i) dst[i] = saturate<T>(wide<T>{src2[i]} - src1[i]);
+}
+
+template <class T>
+void addc(const T* __restrict src, T value, T* __restrict dst, int n)
+{
+    for (int i = 0; i < n; ++i) dst[i] = saturate<T>(wide<T>{src[i]} + value);
+}
+
+template <class T>
+void add_scaled(const T* __restrict src1, const T* __restrict src2, T* __restrict dst, int n, int scale)
+{
+    for (int i = 0; i < n; ++i) dst[i] = scaled<T>(wide<T>{src1[i]} + src2[i], scale);
+}
+
+template <class T>
+void sub_scaled(const T* __restrict src1, const T* __restrict src2, T* __restrict dst, int n, int scale)
+{
+    for (int i = 0; i < n; ++i) dst[i] = scaled<T>(wide<T>{src2[i]} - src1[i], scale);
+}
+
+template <class T>
+void addc_scaled(const T* __restrict src, T value, T* __restrict dst, int n, int scale)
+{
+    for (int i = 0; i < n; ++i) dst[i] = scaled<T>(wide<T>{src[i]} + value, scale);
+}
+
+template <class T>
+void addproduct(const T* __restrict src1, const T* __restrict src2, T* __restrict srcDst, int n)
+{
+    for (int i = 0; i < n; ++i) srcDst[i] += src1[i] * src2[i];
+}
+
+template void add(const Orv8u*, const Orv8u*, Orv8u*, int);
+template void add(const Orv16s*, const Orv16s*, Orv16s*, int);
+template void add(const Orv32s*, const Orv32s*, Orv32s*, int);
+template void add(const Orv32f*, const Orv32f*, Orv32f*, int);
+template void add(const Orv64f*, const Orv64f*, Orv64f*, int);
+template void sub(const Orv8u*, const Orv8u*, Orv8u*, int);
+template void sub(const Orv16s*, const Orv16s*, Orv16s*, int);
+template void sub(const Orv32s*, const Orv32s*, Orv32s*, int);
+template void sub(const Orv32f*, const Orv32f*, Orv32f*, int);
+template void sub(const Orv64f*, const Orv64f*, Orv64f*, int);
+template void addc(const Orv8u*, Orv8u, Orv8u*, int);
+template void addc(const Orv16s*, Orv16s, Orv16s*, int);
+template void addc(const Orv32s*, Orv32s, Orv32s*, int);
+template void addc(const Orv32f*, Orv32f, Orv32f*, int);
+template void addc(const Orv64f*, Orv64f, Orv64f*, int);
+template void add_scaled(const Orv8u*, const Orv8u*, Orv8u*, int, int);
+template void add_scaled(const Orv16s*, const Orv16s*, Orv16s*, int, int);
+template void add_scaled(const Orv32s*, const Orv32s*, Orv32s*, int, int);
+template void sub_scaled(const Orv8u*, const Orv8u*, Orv8u*, int, int);
+template void sub_scaled(const Orv16s*, const Orv16s*, Orv16s*, int, int);
+template void sub_scaled(const Orv32s*, const Orv32s*, Orv32s*, int, int);
+template void addc_scaled(const Orv8u*, Orv8u, Orv8u*, int, int);
+template void addc_scaled(const Orv16s*, Orv16s, Orv16s*, int, int);
+template void addc_scaled(const Orv32s*, Orv32s, Orv32s*, int, int);
+template void addproduct(const Orv32f*, const Orv32f*, Orv32f*, int);
+template void addproduct(const Orv64f*, const Orv64f*, Orv64f*, int);
+
+} // namespace loops

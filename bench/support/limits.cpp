@@ -1,0 +1,139 @@
+#include "bench/support/limits.h"
+
+#include <benchmark/benchmark.h>
+#include <immintrin.h>
+
+#include <algorithm>
+#include <cstdint>
+
+namespace bench {
+namespace {
+
+// An offset of vectors keeps the addresses of one step in one register for all streams.
+__m256i load(const char* p)
+{
+    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+}
+
+struct Plain {
+    static void store(char* p, __m256i x) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), x); }
+};
+
+struct NonTemporal {
+    static void store(char* p, __m256i x) { _mm256_stream_si256(reinterpret_cast<__m256i*>(p), x); }
+};
+
+/// With four vectors a step, three sources need no more than the eight registers of a 32-bit program.
+template <class Store, int vectors, int sources>
+void write(const Streams& streams, std::size_t from)
+{
+    const char *a = streams.source[0], *b = streams.source[1], *c = streams.source[2];
+    char* d = streams.dst;
+    const std::size_t bytes = streams.bytes; // of its own, for a store through d might change any object in memory
+    __m256i constant = _mm256_setzero_si256();
+    asm("" : "+x"(constant)); // of unknown value, or the compiler would call memset
+
+    const auto value = [=](std::size_t i) {
+        __m256i x = constant;
+        if constexpr (sources > 0) x = load(a + i);
+        if constexpr (sources > 1) x = _mm256_add_epi32(x, load(b + i));
+        if constexpr (sources > 2) x = _mm256_add_epi32(x, load(c + i));
+        return x;
+    };
+    std::size_t i = from;
+    for (; i + 32 * vectors <= bytes; i += 32 * vectors) {
+        __m256i x[vectors];
+        for (std::size_t k = 0; k < vectors; ++k) x[k] = value(i + 32 * k);
+        for (std::size_t k = 0; k < vectors; ++k) Store::store(d + i + 32 * k, x[k]);
+    }
+    for (; i + 32 <= bytes; i += 32) Store::store(d + i, value(i));
+}
+
+template <class Store, int vectors>
+void write(const Streams& streams, std::size_t from)
+{
+    switch (streams.sources) {
+    case 0: return write<Store, vectors, 0>(streams, from);
+    case 1: return write<Store, vectors, 1>(streams, from);
+    case 2: return write<Store, vectors, 2>(streams, from);
+    case 3: return write<Store, vectors, 3>(streams, from);
+    }
+}
+
+template <int sources>
+void read(const Streams& streams)
+{
+    const char *a = streams.source[0], *b = streams.source[1], *c = streams.source[2];
+    __m256i sum[4] = {};
+    const auto add = [&](__m256i& x, std::size_t i) {
+        x = _mm256_add_epi32(x, load(a + i));
+        if constexpr (sources > 1) x = _mm256_add_epi32(x, load(b + i));
+        if constexpr (sources > 2) x = _mm256_add_epi32(x, load(c + i));
+    };
+    std::size_t i = 0;
+    for (; i + 128 <= streams.bytes; i += 128) {
+        for (std::size_t k = 0; k < 4; ++k) add(sum[k], i + 32 * k);
+    }
+    for (; i + 32 <= streams.bytes; i += 32) add(sum[0], i);
+    for (__m256i& x : sum) asm volatile("" : : "x"(x));
+}
+
+} // namespace
+
+void move_streams(const Streams& streams)
+{
+    if (streams.dst) return write<Plain, 4>(streams, 0);
+    switch (streams.sources) {
+    case 1: return read<1>(streams);
+    case 2: return read<2>(streams);
+    case 3: return read<3>(streams);
+    }
+}
+
+void move_streams_in_short_steps(const Streams& streams)
+{
+    write<Plain, 1>(streams, 0);
+}
+
+void move_streams_past_caches(const Streams& streams)
+{
+    // Non-temporal stores want aligned addresses; what they leave out in front is less than a vector.
+    write<NonTemporal, 4>(streams, -reinterpret_cast<std::uintptr_t>(streams.dst) % 32);
+    _mm_sfence();
+}
+
+std::size_t largest_cache()
+{
+    std::size_t largest = 0;
+    for (const benchmark::CPUInfo::CacheInfo& cache : benchmark::CPUInfo::Get().caches) {
+        largest = std::max(largest, static_cast<std::size_t>(cache.size));
+    }
+    return largest;
+}
+
+// x = x * x - 1/4 stays between -1/4 and 1/4 from a start there, and never comes near a denormal number. The constant
+// stays in memory, because the chains alone fill the eight registers of a 32-bit program.
+
+void multiply_add_32f(double operations)
+{
+    const __m256 constant = _mm256_set1_ps(-0.25f);
+    __m256 x[8];
+    for (int k = 0; k < 8; ++k) x[k] = _mm256_set1_ps(0.01f * static_cast<float>(k));
+    for (auto steps = static_cast<long>(operations / (8 * 8 * 2)); steps > 0; --steps) {
+        for (__m256& chain : x) asm("vfmadd213ps %1, %0, %0" : "+x"(chain) : "m"(constant));
+    }
+    for (__m256& chain : x) asm volatile("" : : "x"(chain));
+}
+
+void multiply_add_64f(double operations)
+{
+    const __m256d constant = _mm256_set1_pd(-0.25);
+    __m256d x[8];
+    for (int k = 0; k < 8; ++k) x[k] = _mm256_set1_pd(0.01 * k);
+    for (auto steps = static_cast<long>(operations / (8 * 4 * 2)); steps > 0; --steps) {
+        for (__m256d& chain : x) asm("vfmadd213pd %1, %0, %0" : "+x"(chain) : "m"(constant));
+    }
+    for (__m256d& chain : x) asm volatile("" : : "x"(chain));
+}
+
+} // namespace bench

@@ -1,0 +1,37 @@
+// What the machine can do at best: bytes moved and multiply-adds done by loops that do nothing else.
+#ifndef ORV_BENCH_SUPPORT_LIMITS_H
+#define ORV_BENCH_SUPPORT_LIMITS_H
+
+#include <cstddef>
+
+namespace bench {
+
+/// Streams of equal length, in 32-byte vectors. Up to three are read, and at most one is written; what is written may
+/// be one of those that are read.
+struct Streams {
+    const char* source[3] = {};
+    int sources = 0;
+    char* dst = nullptr;
+    std::size_t bytes = 0;
+};
+
+/// dst = the sum of the sources, or a constant if there is none; without dst, only reads. Four vectors a step, which is
+/// the fastest way in the first-level cache.
+void move_streams(const Streams& streams);
+
+/// The same with one vector a step: the stores come in the order of the addresses, which counts in the other caches.
+void move_streams_in_short_steps(const Streams& streams);
+
+/// The same with non-temporal stores, which do not read dst into the caches first.
+void move_streams_past_caches(const Streams& streams);
+
+/// Bytes of the largest cache.
+std::size_t largest_cache();
+
+/// That many floating-point operations in 256-bit multiply-adds, on eight chains: two pipelines of four cycles are full.
+void multiply_add_32f(double operations);
+void multiply_add_64f(double operations);
+
+} // namespace bench
+
+#endif

@@ -1,0 +1,157 @@
+#include "bench/support/row.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <map>
+#include <random>
+
+#include "bench/support/limits.h"
+
+namespace bench {
+
+void Row::limit(std::initializer_list<const void*> sources, void* dst, std::size_t bytes)
+{
+    Streams streams;
+    for (const void* source : sources) streams.source[streams.sources++] = static_cast<const char*>(source);
+    streams.dst = static_cast<char*>(dst);
+    streams.bytes = bytes;
+
+    add("limit_long_steps", [=] { move_streams(streams); });
+    if (dst) add("limit_short_steps", [=] { move_streams_in_short_steps(streams); });
+    const bool in_place = std::find(sources.begin(), sources.end(), dst) != sources.end();
+    const std::size_t touched = bytes * (sources.size() + (dst && !in_place));
+    if (dst && touched > largest_cache()) add("limit_past_caches", [=] { move_streams_past_caches(streams); });
+}
+
+template <>
+void Row::limit_operations<float>(double operations)
+{
+    add("limit_operations", [=] { multiply_add_32f(operations); });
+}
+
+template <>
+void Row::limit_operations<double>(double operations)
+{
+    add("limit_operations", [=] { multiply_add_64f(operations); });
+}
+
+// On a shared machine every disturbance adds time, and none takes time away, so the least of many short blocks is the
+// best estimate of what the code costs. Entries take turns block by block: a slow second of the machine then hits all
+// of them, and each meets the quiet moments. Google Benchmark's own repetitions would run the entries of a row seconds
+// or minutes apart. A random order in each round keeps an entry from always following the same other.
+OrvStatus Row::measure()
+{
+    using Clock = std::chrono::steady_clock;
+    const auto seconds = [](Clock::duration d) { return std::chrono::duration<double>(d).count(); };
+
+    // Long beside the clock's own 30 ns, short beside the time between two interrupts.
+    const double block = options.smoke() ? 0 : 20e-6;
+    const int min_rounds = options.smoke() ? 1 : 20; // of memory-sized rows, where a call takes milliseconds
+
+    std::minstd_rand random;
+    std::vector<Entry*> order;
+    for (Entry& entry : entries) order.push_back(&entry);
+
+    const Clock::time_point begin = Clock::now();
+    for (int rounds = 0; rounds < min_rounds || seconds(Clock::now() - begin) < options.min_time;) {
+        std::shuffle(order.begin(), order.end(), random);
+        bool complete = true;
+        for (Entry* entry : order) {
+            // The first call finds the caches as the previous entry left them, and is not timed: lines that were
+            // written by another entry would be written back at the expense of this one.
+            entry->run(1);
+            const Clock::time_point start = Clock::now();
+            entry->run(entry->calls);
+            const double time = seconds(Clock::now() - start);
+            if (time < block) {
+                entry->calls *= 2; // and the block was too short to count
+                complete = false;
+            } else {
+                entry->least = std::min(entry->least, time / static_cast<double>(entry->calls));
+            }
+        }
+        if (complete) ++rounds;
+    }
+    return status;
+}
+
+benchmark::UserCounters Row::times() const
+{
+    std::map<std::string, double> ns;
+    for (const Entry& entry : entries) ns[entry.name] = entry.least * 1e9;
+
+    double limit = std::numeric_limits<double>::infinity();
+    for (const char* road : {"limit_long_steps", "limit_short_steps", "limit_past_caches"}) {
+        if (ns.contains(road)) limit = std::min(limit, ns[road]);
+    }
+    if (ns.contains("limit_operations")) {
+        limit = std::isinf(limit) ? ns["limit_operations"] : std::max(limit, ns["limit_operations"]);
+    }
+
+    benchmark::UserCounters times;
+    if (std::isfinite(limit)) times["limit"] = limit;
+    for (const auto& [name, time] : ns) {
+        if (!name.starts_with("limit")) times[name] = time;
+    }
+    return times;
+}
+
+namespace {
+
+std::string size_label(int n, Unit unit)
+{
+    const bool mega = n >= 1 << 20 && n % (1 << 20) == 0;
+    const bool kilo = !mega && n >= 1 << 10 && n % (1 << 10) == 0;
+    const std::string number = std::to_string(mega ? n >> 20 : kilo ? n >> 10 : n);
+    return number + (mega ? "M" : kilo ? "K" : "") + (unit == Unit::bytes ? "B" : "");
+}
+
+std::vector<void (*)()>& declarations()
+{
+    static std::vector<void (*)()> list;
+    return list;
+}
+
+} // namespace
+
+void rows(const std::string& family, const std::string& kind, const std::vector<int>& sizes,
+          std::function<void(Row&, int n)> build, Unit unit)
+{
+    constexpr int longest_in_smoke = 1 << 14;
+    for (const int size : sizes) {
+        const int n = options.smoke() ? std::min(size, longest_in_smoke) : size;
+        const std::string name = family + "/" + kind + "/" + size_label(size, unit);
+        // To the framework a row is one benchmark of one iteration, whose time is that of a call of ours.
+        benchmark::RegisterBenchmark(name.c_str(),
+                                     [=](benchmark::State& state) {
+                                         Row row;
+                                         build(row, n);
+                                         OrvStatus status = orvOk;
+                                         for ([[maybe_unused]] auto _ : state) {
+                                             status = row.measure();
+                                             state.counters = row.times();
+                                             const auto ours = state.counters.find("ours");
+                                             if (ours != state.counters.end()) {
+                                                 state.SetIterationTime(ours->second * 1e-9);
+                                             }
+                                         }
+                                         if (status < 0) state.SkipWithError("our function refused its arguments");
+                                     })
+            ->Iterations(1)
+            ->UseManualTime()
+            ->Unit(benchmark::kNanosecond);
+    }
+}
+
+Rows::Rows(void (*declare)())
+{
+    declarations().push_back(declare);
+}
+
+void Rows::declare_all()
+{
+    for (void (*declare)() : declarations()) declare();
+}
+
+} // namespace bench

@@ -1,0 +1,50 @@
+# Compiler settings: word size for everything, warnings for our own code, code generation for the library.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_C_STANDARD 99)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+if(ORV_VARIANT STREQUAL h9)
+    set(ORV_WORD_FLAGS -m32 -msse2 -mfpmath=sse)
+elseif(ORV_VARIANT STREQUAL x9)
+    set(ORV_WORD_FLAGS -m64)
+else()
+    message(FATAL_ERROR "ORV_VARIANT must be h9 or x9, not '${ORV_VARIANT}'")
+endif()
+add_compile_options(${ORV_WORD_FLAGS})
+add_link_options(${ORV_WORD_FLAGS})
+string(JOIN " " CMAKE_ASM_FLAGS ${ORV_WORD_FLAGS})
+
+if(ORV_SANITIZE)
+    set(ORV_SANITIZE_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_compile_options(${ORV_SANITIZE_FLAGS})
+    add_link_options(${ORV_SANITIZE_FLAGS})
+endif()
+
+# Own code compiles without a warning in both compilers.
+add_library(orv_warnings INTERFACE)
+target_compile_options(orv_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wcast-qual -Wmissing-declarations -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    # The 32-bit ABI note about vectors passed by value: ours are all inlined.
+    target_compile_options(orv_warnings INTERFACE -Wno-psabi -Wno-ignored-attributes)
+endif()
+
+# What a library without a C++ runtime needs: no exceptions, no type information, no guards, no stack canaries.
+add_library(orv_freestanding INTERFACE)
+target_compile_options(orv_freestanding INTERFACE
+    -O2 -fvisibility=hidden -fno-stack-protector -fcf-protection=none
+    $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti -fno-threadsafe-statics>)
+
+# Code of the variant. A fused multiply-add happens where the source says fma and nowhere else. Callers of the 32-bit
+# variant may come with a stack aligned to 4 bytes only.
+add_library(orv_kernels INTERFACE)
+target_compile_options(orv_kernels INTERFACE -mavx2 -mfma -ffp-contract=off -fno-math-errno
+    $<$<CXX_COMPILER_ID:GNU>:-fno-partial-inlining>)
+target_compile_definitions(orv_kernels INTERFACE ORV_VARIANT=${ORV_VARIANT} ORV_BUILD_PREFIX="${ORV_VARIANT}_")
+if(ORV_VARIANT STREQUAL h9)
+    target_compile_options(orv_kernels INTERFACE
+        $<IF:$<CXX_COMPILER_ID:GNU>,-mincoming-stack-boundary=2,-mstackrealign>)
+endif()

@@ -1,0 +1,91 @@
+// The loop of element-wise work: d[i] = op(s0[i], s1[i], ...) for i in [0, n), whole vectors at a time.
+//
+// It touches exactly [0, n) of each array. Each source may be d itself (an accumulating operation lists d among its
+// sources), and no result depends on where an element stands: short arrays and both ends go through the same op.
+#ifndef ORV_FRAME_MAP_H
+#define ORV_FRAME_MAP_H
+
+#include <cstddef>
+
+#include "frame/caches.h"
+#include "simd/vec.h"
+
+namespace ORV_VARIANT {
+
+/// How many elements from d to the next multiple of 32 bytes, at least 1; N where no element begins there. unit is the
+/// number of elements that belong together: 2 for complex values.
+template <int unit, class T>
+ORV_INLINE std::ptrdiff_t elements_to_aligned(const T* d)
+{
+    const auto address = reinterpret_cast<std::size_t>(d);
+    if (address % (sizeof(T) * unit) != 0) return vec<T>::N;
+    return std::ptrdiff_t((32 - address % 32) / sizeof(T));
+}
+
+/// map for n >= 2N. The ends overlap their neighbours, so whatever an early store could change is read first.
+template <int unit, class Op, class D, class... S>
+ORV_INLINE void map_vectors(Op op, D* d, std::ptrdiff_t n, const S*... s)
+{
+    constexpr std::ptrdiff_t N = vec<D>::N;
+    const auto at = [&](std::ptrdiff_t i) ORV_INLINE_LAMBDA { return op(load<S, N>(s + i)...); };
+
+    std::ptrdiff_t i = elements_to_aligned<unit>(d);
+    const auto last = at(n - N);
+    const auto first = at(0);
+    const auto second = at(i);
+    store(d, first);
+    store(d + i, second);
+    for (i += N; i <= n - 2 * N; i += 2 * N) {
+        store(d + i, at(i));
+        store(d + i + N, at(i + N));
+    }
+    for (; i < n - N; i += N) store(d + i, at(i));
+    store(d + n - N, last);
+}
+
+/// map for arrays that may be larger than the caches. Memory sets the pace, so the loops are plain.
+template <int unit, class Op, class D, class... S>
+[[gnu::noinline]] void map_large(Op op, D* d, std::ptrdiff_t n, const S*... s)
+{
+    constexpr std::ptrdiff_t N = vec<D>::N;
+    const auto at = [&](std::ptrdiff_t i) ORV_INLINE_LAMBDA { return op(load<S, N>(s + i)...); };
+
+    const bool in_place = (... || (static_cast<const void*>(s) == d));
+    const bool can_align = reinterpret_cast<std::size_t>(d) % (sizeof(D) * unit) == 0;
+    const bool bypass = !in_place && can_align && worth_bypassing(std::size_t(n) * (sizeof(D) + ... + sizeof(S)));
+
+    std::ptrdiff_t i = elements_to_aligned<unit>(d);
+    const auto last = at(n - N);
+    const auto second = at(i);
+    store(d, at(0));
+    store(d + i, second);
+    i += N;
+    if (bypass) {
+        for (; i < n - N; i += N) stream(d + i, at(i));
+        store_fence();
+    } else {
+        for (; i < n - N; i += N) store(d + i, at(i));
+    }
+    store(d + n - N, last);
+}
+
+template <int unit = 1, class Op, class D, class... S>
+ORV_INLINE void map(Op op, D* d, int n, const S*... s)
+{
+    constexpr int N = vec<D>::N;
+    if (n < N) {
+        store_n(d, op(load_n<S, N>(s, n)...), n);
+    } else if (n < 2 * N) {
+        const auto last = op(load<S, N>(s + (n - N))...);
+        store(d, op(load<S, N>(s)...));
+        store(d + (n - N), last);
+    } else if (std::size_t(n) <= bypass_minimum / (sizeof(D) + ... + sizeof(S))) {
+        map_vectors<unit>(op, d, n, s...);
+    } else {
+        map_large<unit>(op, d, n, s...);
+    }
+}
+
+}
+
+#endif

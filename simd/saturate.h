@@ -1,0 +1,106 @@
+// Integer arithmetic that stops at the limits of the lane's type instead of wrapping.
+#ifndef ORV_SIMD_SATURATE_H
+#define ORV_SIMD_SATURATE_H
+
+#include <limits>
+
+#include "simd/vec.h"
+
+namespace ORV_VARIANT {
+
+template <class T>
+inline constexpr T max_of = std::numeric_limits<T>::max();
+template <class T>
+inline constexpr T min_of = std::numeric_limits<T>::min();
+
+/// The limit on the side of v's sign: the maximum for v >= 0, the minimum below.
+template <class T>
+ORV_INLINE vec<T> limit_by_sign(vec<T> v)
+{
+    return sign_mask(v) ^ splat(max_of<T>);
+}
+
+template <class T>
+ORV_INLINE vec<T> add_sat(vec<T> a, vec<T> b)
+{
+    if constexpr (std::is_same_v<T, Orv8u>) {
+        return {_mm256_adds_epu8(a.r, b.r)};
+    } else if constexpr (std::is_same_v<T, Orv16u>) {
+        return {_mm256_adds_epu16(a.r, b.r)};
+    } else if constexpr (std::is_same_v<T, Orv16s>) {
+        return {_mm256_adds_epi16(a.r, b.r)};
+    } else if constexpr (std::is_same_v<T, Orv32u>) {
+        return {_mm256_add_epi32(_mm256_min_epu32(a.r, (~b).r), b.r)}; // a stays below what b leaves of the range
+    } else if constexpr (std::is_same_v<T, Orv64u>) {
+        // There is a carry where both top bits are set, or one is and the sum's is not.
+        const auto sum = a + b;
+        return sum | as<T>(sign_mask(as<Orv64s>((a & b) | and_not(sum, a | b))));
+    } else {
+        // The sum has overflowed where both operands have the sign that it has not.
+        const auto sum = a + b;
+        return blend_by_sign((a ^ sum) & (b ^ sum), limit_by_sign(a), sum);
+    }
+}
+
+/// a - b.
+template <class T>
+ORV_INLINE vec<T> sub_sat(vec<T> a, vec<T> b)
+{
+    if constexpr (std::is_same_v<T, Orv8u>) {
+        return {_mm256_subs_epu8(a.r, b.r)};
+    } else if constexpr (std::is_same_v<T, Orv16u>) {
+        return {_mm256_subs_epu16(a.r, b.r)};
+    } else if constexpr (std::is_same_v<T, Orv16s>) {
+        return {_mm256_subs_epi16(a.r, b.r)};
+    } else {
+        // The difference has overflowed where the operands differ in sign and it has not the sign of a.
+        static_assert(std::is_signed_v<T>);
+        const auto difference = a - b;
+        return blend_by_sign((a ^ b) & (a ^ difference), limit_by_sign(a), difference);
+    }
+}
+
+/// Wide lanes back in narrow ones.
+ORV_INLINE vec<Orv16s> pack_sat(split<Orv32s> w)
+{
+    return {_mm256_packs_epi32(w.low.r, w.high.r)};
+}
+ORV_INLINE vec<Orv32s> pack_sat(even_odd<Orv64s> w)
+{
+    const auto clamp = [](vec<Orv64s> v) {
+        const auto high = splat(Orv64s(max_of<Orv32s>));
+        const auto low = splat(Orv64s(min_of<Orv32s>));
+        v = blend(is_greater(v, high), high, v);
+        return blend(is_greater(low, v), low, v);
+    };
+    return {_mm256_blend_epi32(clamp(w.even).r, _mm256_slli_epi64(clamp(w.odd).r, 32), 0xaa)};
+}
+
+/// v * 2^n, n >= 0.
+template <class T>
+ORV_INLINE vec<T> shift_left_sat(vec<T> v, shift_count n)
+{
+    const auto shifted = shift_left(v, n);
+    const auto fits = is_equal(shift_right(shifted, n), v);
+    if constexpr (std::is_signed_v<T>) {
+        return blend(fits, shifted, limit_by_sign(v));
+    } else {
+        return shifted | ~fits;
+    }
+}
+
+/// v * 2^n for an n that leaves only the sign: the maximum for v > 0, the minimum for v < 0, 0 for 0.
+template <class T>
+ORV_INLINE vec<T> sign_limit(vec<T> v)
+{
+    const auto is_zero = is_equal(v, splat(T(0)));
+    if constexpr (std::is_signed_v<T>) {
+        return and_not(is_zero, limit_by_sign(v));
+    } else {
+        return ~is_zero;
+    }
+}
+
+}
+
+#endif
