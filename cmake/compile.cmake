@@ -39,10 +39,10 @@ target_compile_options(orv_freestanding INTERFACE
     $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti -fno-threadsafe-statics>)
 
 # Code of the variant. A fused multiply-add happens where the source says fma and nowhere else. Callers of the 32-bit
-# variant may come with a stack aligned to 4 bytes only.
+# variant may come with a stack aligned to 4 bytes only. A loop of stores stays a loop: the library calls no memset.
 add_library(orv_kernels INTERFACE)
-target_compile_options(orv_kernels INTERFACE -mavx2 -mfma -ffp-contract=off -fno-math-errno
-    $<$<CXX_COMPILER_ID:GNU>:-fno-partial-inlining>)
+target_compile_options(orv_kernels INTERFACE -mavx2 -mfma -ffp-contract=off -fno-math-errno -fno-builtin
+    $<$<CXX_COMPILER_ID:GNU>:-fno-partial-inlining -fno-tree-loop-distribute-patterns>)
 target_compile_definitions(orv_kernels INTERFACE ORV_VARIANT=${ORV_VARIANT} ORV_BUILD_PREFIX="${ORV_VARIANT}_")
 if(ORV_VARIANT STREQUAL h9)
     target_compile_options(orv_kernels INTERFACE

@@ -1,6 +1,7 @@
 #include "elementwise.h"
 
 #include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -150,8 +151,11 @@ SweepOptions options_at_scale(const SweepOptions& options, int scale, int reach)
     SweepOptions chosen = options;
     for (const int thorough : {-reach, -3, 0, 1, 2, 5, reach})
         if (scale == thorough) return chosen;
-    chosen.lengths = {67, 5, 32, 17, 1, 43};
-    std::rotate(chosen.lengths.begin(), chosen.lengths.begin() + ((scale % 6) + 6) % 6, chosen.lengths.end());
+    // Each scalar meets one length with whole vectors and one short length.
+    chosen.lengths.clear();
+    const std::size_t turn = static_cast<std::size_t>((scale % 6 + 6) % 6);
+    for (const std::array<int, 6>& lengths : {std::array{67, 61, 53, 47, 70, 59}, std::array{1, 2, 5, 9, 17, 32}})
+        for (std::size_t i = 0; i < 6; ++i) chosen.lengths.push_back(lengths[(i + turn) % 6]);
     chosen.few_placements = true;
     return chosen;
 }

@@ -245,8 +245,8 @@ constexpr std::size_t arguments_behind_length()
     return behind - 1;
 }
 
-/// The options of one scale among many: all of the sweep at a few scales, one or two for each road; at the others six
-/// lengths, in an order that changes with the scale, so that each scalar meets each length.
+/// The options of one scale among many: all of the sweep at a few scales, one or two for each road; at the others
+/// twelve lengths, whose order changes with the scale.
 SweepOptions options_at_scale(const SweepOptions& options, int scale, int reach);
 
 /// Sweeps an integer function under the law of scale factors: the oracle gives the exact result of exact operands
