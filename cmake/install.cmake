@@ -1,4 +1,5 @@
-# Installation: headers, both libraries, and what CMake and pkg-config need to find them. The tree may be moved as a whole.
+# Installation: headers, both libraries, and what CMake and pkg-config need to find them.
+# The installed tree may be moved.
 
 include(CMakePackageConfigHelpers)
 

@@ -22,7 +22,7 @@ ORV_INLINE std::ptrdiff_t elements_to_aligned(const T* d)
     return std::ptrdiff_t((32 - address % 32) / sizeof(T));
 }
 
-/// map for n >= 2N. The ends overlap their neighbours, so whatever an early store could change is read first.
+/// map for n > 2N. The ends overlap their neighbours, so whatever an early store could change is read first.
 template <int unit, class Op, class D, class... S>
 ORV_INLINE void map_vectors(Op op, D* d, std::ptrdiff_t n, const S*... s)
 {
@@ -75,7 +75,7 @@ ORV_INLINE void map(Op op, D* d, int n, const S*... s)
     constexpr int N = vec<D>::N;
     if (n < N) {
         store_n(d, op(load_n<S, N>(s, n)...), n);
-    } else if (n < 2 * N) {
+    } else if (n <= 2 * N) {
         const auto last = op(load<S, N>(s + (n - N))...);
         store(d, op(load<S, N>(s)...));
         store(d + (n - N), last);

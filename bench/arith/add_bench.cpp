@@ -5,12 +5,9 @@
 
 namespace {
 
-using bench::eigen_array, bench::Peer, bench::volk;
+using bench::call, bench::eigen_array, bench::Peer, bench::volk;
 
-bench::Kind arith(const char* name)
-{
-    return {"arith", name};
-}
+bench::Kind arith(const char* name) { return {"arith", name}; }
 
 // ---- dst = src1 + src2
 
@@ -18,28 +15,26 @@ constexpr Peer loop_add{"loop", [](auto... x) { loops::add(x...); }};
 constexpr Peer eigen_add{"eigen", [](auto src1, auto src2, auto dst, int n) {
                              eigen_array(dst, n) = eigen_array(src1, n) + eigen_array(src2, n);
                          }};
+constexpr auto volk_add_32f =
+    volk([](auto src1, auto src2, auto dst, auto n) { volk_32f_x2_add_32f(dst, src1, src2, unsigned(n)); });
+constexpr auto volk_add_64f =
+    volk([](auto src1, auto src2, auto dst, auto n) { volk_64f_x2_add_64f(dst, src1, src2, unsigned(n)); });
 
 template <int scale>
 constexpr Peer loop_add_scaled{"loop", [](auto... x) { loops::add_scaled(x..., scale); }};
 
 const bench::Rows add{[] {
     using bench::two_sources;
-    two_sources<Orv8u>(arith("add8u"), [](auto... x) { return orvsAdd_8u_Sfs(x..., 0); }, loop_add);
-    two_sources<Orv8u>(arith("add8u_sfs1"), [](auto... x) { return orvsAdd_8u_Sfs(x..., 1); }, loop_add_scaled<1>);
-    two_sources<Orv8u>(arith("add8u_sfs3"), [](auto... x) { return orvsAdd_8u_Sfs(x..., 3); }, loop_add_scaled<3>);
-    two_sources<Orv16s>(arith("add16s"), [](auto... x) { return orvsAdd_16s(x...); }, loop_add);
-    two_sources<Orv16s>(arith("add16s_sfs1"), [](auto... x) { return orvsAdd_16s_Sfs(x..., 1); }, loop_add_scaled<1>);
-    two_sources<Orv16s>(arith("add16s_sfs3"), [](auto... x) { return orvsAdd_16s_Sfs(x..., 3); }, loop_add_scaled<3>);
-    two_sources<Orv32s>(arith("add32s"), [](auto... x) { return orvsAdd_32s_Sfs(x..., 0); }, loop_add);
-    two_sources<Orv32s>(arith("add32s_sfs2"), [](auto... x) { return orvsAdd_32s_Sfs(x..., 2); }, loop_add_scaled<2>);
-    two_sources<Orv32f>(
-        arith("add32f"), [](auto... x) { return orvsAdd_32f(x...); },
-        volk([](auto src1, auto src2, auto dst, auto n) { volk_32f_x2_add_32f(dst, src1, src2, unsigned(n)); }),
-        eigen_add, loop_add);
-    two_sources<Orv64f>(
-        arith("add64f"), [](auto... x) { return orvsAdd_64f(x...); },
-        volk([](auto src1, auto src2, auto dst, auto n) { volk_64f_x2_add_64f(dst, src1, src2, unsigned(n)); }),
-        eigen_add, loop_add);
+    two_sources<Orv8u>(arith("add8u"), call<orvsAdd_8u_Sfs, 0>, loop_add);
+    two_sources<Orv8u>(arith("add8u_sfs1"), call<orvsAdd_8u_Sfs, 1>, loop_add_scaled<1>);
+    two_sources<Orv8u>(arith("add8u_sfs3"), call<orvsAdd_8u_Sfs, 3>, loop_add_scaled<3>);
+    two_sources<Orv16s>(arith("add16s"), call<orvsAdd_16s>, loop_add);
+    two_sources<Orv16s>(arith("add16s_sfs1"), call<orvsAdd_16s_Sfs, 1>, loop_add_scaled<1>);
+    two_sources<Orv16s>(arith("add16s_sfs3"), call<orvsAdd_16s_Sfs, 3>, loop_add_scaled<3>);
+    two_sources<Orv32s>(arith("add32s"), call<orvsAdd_32s_Sfs, 0>, loop_add);
+    two_sources<Orv32s>(arith("add32s_sfs2"), call<orvsAdd_32s_Sfs, 2>, loop_add_scaled<2>);
+    two_sources<Orv32f>(arith("add32f"), call<orvsAdd_32f>, volk_add_32f, eigen_add, loop_add);
+    two_sources<Orv64f>(arith("add64f"), call<orvsAdd_64f>, volk_add_64f, eigen_add, loop_add);
 }};
 
 // What a call costs before and after the arithmetic: these arrays take one or two vectors.
@@ -59,72 +54,49 @@ constexpr Peer loop_sub{"loop", [](auto... x) { loops::sub(x...); }};
 constexpr Peer eigen_sub{"eigen", [](auto src1, auto src2, auto dst, int n) {
                              eigen_array(dst, n) = eigen_array(src2, n) - eigen_array(src1, n);
                          }};
+constexpr auto volk_sub_32f =
+    volk([](auto src1, auto src2, auto dst, auto n) { volk_32f_x2_subtract_32f(dst, src2, src1, unsigned(n)); });
 
 template <int scale>
 constexpr Peer loop_sub_scaled{"loop", [](auto... x) { loops::sub_scaled(x..., scale); }};
 
 const bench::Rows sub{[] {
     using bench::two_sources;
-    two_sources<Orv8u>(arith("sub8u"), [](auto... x) { return orvsSub_8u_Sfs(x..., 0); }, loop_sub);
-    two_sources<Orv8u>(arith("sub8u_sfs1"), [](auto... x) { return orvsSub_8u_Sfs(x..., 1); }, loop_sub_scaled<1>);
-    two_sources<Orv8u>(arith("sub8u_sfs3"), [](auto... x) { return orvsSub_8u_Sfs(x..., 3); }, loop_sub_scaled<3>);
-    two_sources<Orv16s>(arith("sub16s"), [](auto... x) { return orvsSub_16s(x...); }, loop_sub);
-    two_sources<Orv16s>(arith("sub16s_sfs1"), [](auto... x) { return orvsSub_16s_Sfs(x..., 1); }, loop_sub_scaled<1>);
-    two_sources<Orv16s>(arith("sub16s_sfs3"), [](auto... x) { return orvsSub_16s_Sfs(x..., 3); }, loop_sub_scaled<3>);
-    two_sources<Orv32s>(arith("sub32s"), [](auto... x) { return orvsSub_32s_Sfs(x..., 0); }, loop_sub);
-    two_sources<Orv32s>(arith("sub32s_sfs2"), [](auto... x) { return orvsSub_32s_Sfs(x..., 2); }, loop_sub_scaled<2>);
-    two_sources<Orv32f>(
-        arith("sub32f"), [](auto... x) { return orvsSub_32f(x...); },
-        volk([](auto src1, auto src2, auto dst, auto n) { volk_32f_x2_subtract_32f(dst, src2, src1, unsigned(n)); }),
-        eigen_sub, loop_sub);
-    two_sources<Orv64f>(
-        arith("sub64f"), [](auto... x) { return orvsSub_64f(x...); }, eigen_sub, loop_sub);
+    two_sources<Orv8u>(arith("sub8u"), call<orvsSub_8u_Sfs, 0>, loop_sub);
+    two_sources<Orv8u>(arith("sub8u_sfs1"), call<orvsSub_8u_Sfs, 1>, loop_sub_scaled<1>);
+    two_sources<Orv8u>(arith("sub8u_sfs3"), call<orvsSub_8u_Sfs, 3>, loop_sub_scaled<3>);
+    two_sources<Orv16s>(arith("sub16s"), call<orvsSub_16s>, loop_sub);
+    two_sources<Orv16s>(arith("sub16s_sfs1"), call<orvsSub_16s_Sfs, 1>, loop_sub_scaled<1>);
+    two_sources<Orv16s>(arith("sub16s_sfs3"), call<orvsSub_16s_Sfs, 3>, loop_sub_scaled<3>);
+    two_sources<Orv32s>(arith("sub32s"), call<orvsSub_32s_Sfs, 0>, loop_sub);
+    two_sources<Orv32s>(arith("sub32s_sfs2"), call<orvsSub_32s_Sfs, 2>, loop_sub_scaled<2>);
+    two_sources<Orv32f>(arith("sub32f"), call<orvsSub_32f>, volk_sub_32f, eigen_sub, loop_sub);
+    two_sources<Orv64f>(arith("sub64f"), call<orvsSub_64f>, eigen_sub, loop_sub);
 }};
 
 // ---- dst = src + value
 
-template <class T>
-constexpr T value = T(77.25);
-
-constexpr Peer loop_addc{"loop", []<class T>(const T* src, T* dst, int n) { loops::addc(src, value<T>, dst, n); }};
-constexpr Peer eigen_addc{"eigen", []<class T>(const T* src, T* dst, int n) {
-                              eigen_array(dst, n) = eigen_array(src, n) + value<T>;
-                          }};
+constexpr Peer loop_addc{"loop", [](auto... x) { loops::addc(x...); }};
+constexpr Peer eigen_addc{
+    "eigen", [](auto src, auto value, auto dst, int n) { eigen_array(dst, n) = eigen_array(src, n) + value; }};
+constexpr auto volk_addc_32f =
+    volk([](auto src, auto value, auto dst, auto n) { volk_32f_s32f_add_32f(dst, src, value, unsigned(n)); });
 
 template <int scale>
-constexpr Peer loop_addc_scaled{
-    "loop", []<class T>(const T* src, T* dst, int n) { loops::addc_scaled(src, value<T>, dst, n, scale); }};
-
-template <int scale>
-constexpr auto addc_8u = [](const Orv8u* src, Orv8u* dst, int n) {
-    return orvsAddC_8u_Sfs(src, value<Orv8u>, dst, n, scale);
-};
-template <int scale>
-constexpr auto addc_16s = [](const Orv16s* src, Orv16s* dst, int n) {
-    return orvsAddC_16s_Sfs(src, value<Orv16s>, dst, n, scale);
-};
-template <int scale>
-constexpr auto addc_32s = [](const Orv32s* src, Orv32s* dst, int n) {
-    return orvsAddC_32s_Sfs(src, value<Orv32s>, dst, n, scale);
-};
+constexpr Peer loop_addc_scaled{"loop", [](auto... x) { loops::addc_scaled(x..., scale); }};
 
 const bench::Rows addc{[] {
-    using bench::one_source;
-    one_source<Orv8u>(arith("addc8u"), addc_8u<0>, loop_addc);
-    one_source<Orv8u>(arith("addc8u_sfs1"), addc_8u<1>, loop_addc_scaled<1>);
-    one_source<Orv8u>(arith("addc8u_sfs3"), addc_8u<3>, loop_addc_scaled<3>);
-    one_source<Orv16s>(arith("addc16s"), addc_16s<0>, loop_addc);
-    one_source<Orv16s>(arith("addc16s_sfs1"), addc_16s<1>, loop_addc_scaled<1>);
-    one_source<Orv16s>(arith("addc16s_sfs3"), addc_16s<3>, loop_addc_scaled<3>);
-    one_source<Orv32s>(arith("addc32s"), addc_32s<0>, loop_addc);
-    one_source<Orv32s>(arith("addc32s_sfs2"), addc_32s<2>, loop_addc_scaled<2>);
-    one_source<Orv32f>(
-        arith("addc32f"), [](auto src, auto dst, int n) { return orvsAddC_32f(src, value<Orv32f>, dst, n); },
-        volk([](auto src, auto dst, auto n) { volk_32f_s32f_add_32f(dst, src, value<Orv32f>, unsigned(n)); }),
-        eigen_addc, loop_addc);
-    one_source<Orv64f>(
-        arith("addc64f"), [](auto src, auto dst, int n) { return orvsAddC_64f(src, value<Orv64f>, dst, n); },
-        eigen_addc, loop_addc);
+    using bench::source_and_value;
+    source_and_value<Orv8u>(arith("addc8u"), call<orvsAddC_8u_Sfs, 0>, loop_addc);
+    source_and_value<Orv8u>(arith("addc8u_sfs1"), call<orvsAddC_8u_Sfs, 1>, loop_addc_scaled<1>);
+    source_and_value<Orv8u>(arith("addc8u_sfs3"), call<orvsAddC_8u_Sfs, 3>, loop_addc_scaled<3>);
+    source_and_value<Orv16s>(arith("addc16s"), call<orvsAddC_16s_Sfs, 0>, loop_addc);
+    source_and_value<Orv16s>(arith("addc16s_sfs1"), call<orvsAddC_16s_Sfs, 1>, loop_addc_scaled<1>);
+    source_and_value<Orv16s>(arith("addc16s_sfs3"), call<orvsAddC_16s_Sfs, 3>, loop_addc_scaled<3>);
+    source_and_value<Orv32s>(arith("addc32s"), call<orvsAddC_32s_Sfs, 0>, loop_addc);
+    source_and_value<Orv32s>(arith("addc32s_sfs2"), call<orvsAddC_32s_Sfs, 2>, loop_addc_scaled<2>);
+    source_and_value<Orv32f>(arith("addc32f"), call<orvsAddC_32f>, volk_addc_32f, eigen_addc, loop_addc);
+    source_and_value<Orv64f>(arith("addc64f"), call<orvsAddC_64f>, eigen_addc, loop_addc);
 }};
 
 // ---- srcDst = srcDst + src1 * src2
@@ -136,10 +108,8 @@ constexpr Peer eigen_addproduct{"eigen", [](auto src1, auto src2, auto src_dst, 
 
 const bench::Rows addproduct{[] {
     using bench::two_sources_in_place;
-    two_sources_in_place<Orv32f>(
-        arith("addproduct32f"), [](auto... x) { return orvsAddProduct_32f(x...); }, eigen_addproduct, loop_addproduct);
-    two_sources_in_place<Orv64f>(
-        arith("addproduct64f"), [](auto... x) { return orvsAddProduct_64f(x...); }, eigen_addproduct, loop_addproduct);
+    two_sources_in_place<Orv32f>(arith("addproduct32f"), call<orvsAddProduct_32f>, eigen_addproduct, loop_addproduct);
+    two_sources_in_place<Orv64f>(arith("addproduct64f"), call<orvsAddProduct_64f>, eigen_addproduct, loop_addproduct);
 }};
 
 } // namespace

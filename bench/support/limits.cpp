@@ -10,10 +10,7 @@ namespace bench {
 namespace {
 
 // An offset of vectors keeps the addresses of one step in one register for all streams.
-__m256i load(const char* p)
-{
-    return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
-}
+__m256i load(const char* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
 
 struct Plain {
     static void store(char* p, __m256i x) { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), x); }
@@ -90,10 +87,7 @@ void move_streams(const Streams& streams)
     }
 }
 
-void move_streams_in_short_steps(const Streams& streams)
-{
-    write<Plain, 1>(streams, 0);
-}
+void move_streams_in_short_steps(const Streams& streams) { write<Plain, 1>(streams, 0); }
 
 void move_streams_past_caches(const Streams& streams)
 {

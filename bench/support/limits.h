@@ -28,7 +28,8 @@ void move_streams_past_caches(const Streams& streams);
 /// Bytes of the largest cache.
 std::size_t largest_cache();
 
-/// That many floating-point operations in 256-bit multiply-adds, on eight chains: two pipelines of four cycles are full.
+/// That many floating-point operations in 256-bit multiply-adds, on eight chains: enough for two pipelines of four
+/// cycles each.
 void multiply_add_32f(double operations);
 void multiply_add_64f(double operations);
 

@@ -24,7 +24,7 @@ Peer(const char*, F) -> Peer<F>;
 /// VOLK, or nothing where its library was not found for the word size of the program. To compile there as well, f is a
 /// lambda with auto parameters: the names in its body are looked up when it is called, which never happens then.
 template <class F>
-auto volk([[maybe_unused]] F f)
+constexpr auto volk([[maybe_unused]] F f)
 {
 #ifdef ORV_HAVE_VOLK
     return Peer{"volk", f};

@@ -21,7 +21,8 @@ void Row::limit(std::initializer_list<const void*> sources, void* dst, std::size
     if (dst) add("limit_short_steps", [=] { move_streams_in_short_steps(streams); });
     const bool in_place = std::find(sources.begin(), sources.end(), dst) != sources.end();
     const std::size_t touched = bytes * (sources.size() + (dst && !in_place));
-    if (dst && touched > largest_cache()) add("limit_past_caches", [=] { move_streams_past_caches(streams); });
+    // Well below the size of the largest cache already, which is shared with other programs and machines.
+    if (dst && touched > largest_cache() / 4) add("limit_past_caches", [=] { move_streams_past_caches(streams); });
 }
 
 template <>
@@ -144,10 +145,7 @@ void rows(const std::string& family, const std::string& kind, const std::vector<
     }
 }
 
-Rows::Rows(void (*declare)())
-{
-    declarations().push_back(declare);
-}
+Rows::Rows(void (*declare)()) { declarations().push_back(declare); }
 
 void Rows::declare_all()
 {

@@ -1,4 +1,4 @@
-// A row of the table: one function of the library, its peers and the machine's limit, timed in turns on the same arrays.
+// A row of the table: one function of the library, its peers and the machine's limit, timed in turns on the same data.
 //
 //     const bench::Rows add{[] {
 //         bench::rows("arith", "add32f", {1 << 10, 1 << 15, 1 << 22}, [](bench::Row& row, int n) {

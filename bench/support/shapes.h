@@ -20,26 +20,30 @@ struct Kind {
     std::vector<int> sizes = cache_sizes;
 };
 
+/// f with its last arguments fixed, for example call<orvsAdd_16s_Sfs, 3>. The call is a direct one.
+template <auto f, auto... last>
+inline constexpr auto call = [](auto... arguments) { return f(arguments..., last...); };
+
 template <class F, class... Arguments>
 void add_peer(Row& row, const Peer<F>& peer, Arguments... arguments)
 {
-    row.peer(peer.name, [=, call = peer.call] { call(arguments...); });
+    row.peer(peer.name, [=] { peer.call(arguments...); });
 }
 template <class... Arguments>
 void add_peer(Row&, std::nullptr_t, Arguments...)
-{
-}
+{}
 
-/// dst = f(src): f(src, dst, n).
+/// dst = f(src, value): f(src, value, dst, n).
 template <class T, class Ours, class... Peers>
-void one_source(const Kind& kind, Ours ours, Peers... peers)
+void source_and_value(const Kind& kind, Ours ours, Peers... peers)
 {
     rows(kind.family, kind.name, kind.sizes, [=](Row& row, int n) {
+        const T value = static_cast<T>(77.25);
         const T* src = row.array<T>(n);
         T* dst = row.array<T>(n);
         row.limit({src}, dst, std::size_t(n) * sizeof(T));
-        row.ours([=] { return ours(src, dst, n); });
-        (add_peer(row, peers, src, dst, n), ...);
+        row.ours([=] { return ours(src, value, dst, n); });
+        (add_peer(row, peers, src, value, dst, n), ...);
     });
 }
 

@@ -100,8 +100,8 @@ void Table::print_row(const Run& run)
     }
     std::printf(columns, family.c_str(), kind.c_str(), size.c_str(), limit > 0 ? short_time(limit).c_str() : "-",
                 ours > 0 ? short_time(ours).c_str() : "absent", fraction.c_str(),
-                peers.empty() ? "-" : peers[0].second.c_str(),
-                peers.empty() ? "-" : short_time(peers[0].first).c_str(), ratio.c_str(), others.c_str());
+                peers.empty() ? "-" : peers[0].second.c_str(), peers.empty() ? "-" : short_time(peers[0].first).c_str(),
+                ratio.c_str(), others.c_str());
 }
 
 void Table::Finalize()

@@ -18,6 +18,7 @@ prefix=$scratch/moved
 
 step() { printf '\n-- %s\n' "$*"; }
 die() { printf 'FAILED: %s\n' "$*" >&2; exit 1; }
+die_with() { cat "$1"; die "$1"; } # a log
 
 step "install, then move"
 rm -rf "$scratch"
@@ -29,7 +30,7 @@ pc=$(find "$prefix" -name orvs.pc)
 library=$(dirname "$(dirname "$pc")")
 for name in "liborvs$variant" liborvcore; do
     [ -f "$library/$name.so.8.2" ] || die "$name.so.8.2 is not installed"
-    [ "$(readlink -f "$library/$name.so")" = "$(readlink -f "$library/$name.so.8.2")" ] || die "$name.so is no link to it"
+    [ "$library/$name.so" -ef "$library/$name.so.8.2" ] || die "$name.so is no link to it"
     readelf -d "$library/$name.so.8.2" | grep -qF "soname: [$name.so.8.2]" || die "$name.so.8.2 has another soname"
 done
 if grep -rF -e "$build" -e "$source" "$library/pkgconfig" "$library/cmake"; then
@@ -69,6 +70,9 @@ run "$scratch/consumer"
 configure() { # configure SOURCE BUILD WORD
     CFLAGS=$3 CXXFLAGS=$3 cmake -S "$1" -B "$2" -DCMAKE_PREFIX_PATH="$prefix" >"$2.log" 2>&1
 }
+build() { # build SOURCE BUILD
+    { configure "$1" "$2" $word && cmake --build "$2" >>"$2.log" 2>&1; } || die_with "$2.log"
+}
 
 step "a C program through find_package"
 mkdir "$scratch/consumer-source"
@@ -80,20 +84,18 @@ find_package(orvs 8.2 REQUIRED)
 add_executable(consumer consumer.c)
 target_link_libraries(consumer PRIVATE orvs::orvs)
 END
-configure "$scratch/consumer-source" "$scratch/consumer-build" $word || { cat "$scratch/consumer-build.log"; exit 1; }
-cmake --build "$scratch/consumer-build" >>"$scratch/consumer-build.log" || { cat "$scratch/consumer-build.log"; exit 1; }
+build "$scratch/consumer-source" "$scratch/consumer-build"
 run "$scratch/consumer-build/consumer"
 
 step "a program of the other word size does not find the package"
 if configure "$scratch/consumer-source" "$scratch/other-word" $other_word; then
     die "a program built with $other_word finds the package"
 fi
-grep -qE 'orvsConfig.cmake, version: 8.2.0 \((32|64)bit\)' "$scratch/other-word.log" || { cat "$scratch/other-word.log"; exit 1; }
+grep -qE 'version: 8.2.0 \((32|64)bit\)' "$scratch/other-word.log" || die_with "$scratch/other-word.log"
 
 if [ "$variant" != h9 ]; then # Debian's libsndfile is 64-bit here
     step "the example mix through find_package"
-    configure "$source/examples/mix" "$scratch/mix" $word || { cat "$scratch/mix.log"; exit 1; }
-    cmake --build "$scratch/mix" >>"$scratch/mix.log" || { cat "$scratch/mix.log"; exit 1; }
+    build "$source/examples/mix" "$scratch/mix"
     run "$scratch/mix/mix" -o "$scratch/mix.wav"
     # Same header as the inputs, and as long as the longer of them.
     size=$(stat -c %s /usr/share/sounds/alsa/{Front_Center,Noise}.wav | sort -n | tail -n 1)
