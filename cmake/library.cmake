@@ -59,14 +59,12 @@ add_library(orvs::orvs ALIAS orvs)
 set_target_properties(orvs PROPERTIES
     OUTPUT_NAME orvs${ORV_VARIANT} VERSION 8.2 SOVERSION 8.2 LINKER_LANGUAGE CXX
     LINK_DEPENDS ${ORV_GENERATED}/exports.map)
-target_include_directories(orvs PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+target_include_directories(orvs PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>)
 target_link_options(orvs PRIVATE -Wl,--version-script,${ORV_GENERATED}/exports.map -Wl,-z,lazy)
-if(NOT ORV_SANITIZE)
+if(ORV_SANITIZE)
+    target_link_options(orvs PRIVATE -nostartfiles) # _init and _fini are our own
+else()
     target_link_options(orvs PRIVATE -nostdlib -Wl,-z,defs)
 endif()
 # Needed objects in this order; libgcc only lends its static division helpers to the 32-bit variant.
 target_link_libraries(orvs PRIVATE -Wl,--no-as-needed orvcore ${ORV_OPENMP} -lc -lm -lgcc)
-# Programs that link orvs in this tree find the OpenMP runtime as the library itself does.
-target_link_options(orvs INTERFACE
-    $<BUILD_INTERFACE:-Wl,-rpath-link,${ORV_OPENMP_FOLDER}>)

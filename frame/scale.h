@@ -20,11 +20,11 @@ namespace ORV_VARIANT {
 // ---- Exact values
 
 /// 2 * half + bit 0 of odd: one bit more than a lane holds, which is what sums and differences of lanes need. The other
-/// bits of odd are noise.
+/// bits of odd are noise; low is the value without its top bit.
 template <class T>
 struct half_odd {
     using lane = T;
-    vec<T> half, odd;
+    vec<T> half, odd, low;
 };
 
 /// a + b, for signed and unsigned lanes: bits in common count twice, the others once.
@@ -32,7 +32,7 @@ template <class T>
 ORV_INLINE half_odd<T> exact_sum(vec<T> a, vec<T> b)
 {
     const auto differing = a ^ b;
-    return {(a & b) + shift_right(differing, by(1)), differing};
+    return {(a & b) + shift_right(differing, by(1)), differing, a + b};
 }
 
 /// a - b for signed lanes: a ^ b counts the bits of ~a & b as positive, and they are negative.
@@ -41,14 +41,14 @@ ORV_INLINE half_odd<T> exact_difference(vec<T> a, vec<T> b)
 {
     static_assert(std::is_signed_v<T>);
     const auto differing = a ^ b;
-    return {shift_right(differing, by(1)) - and_not(a, b), differing};
+    return {shift_right(differing, by(1)) - and_not(a, b), differing, a - b};
 }
 
 /// An exact value that fits its lane.
 template <class T>
 ORV_INLINE half_odd<T> exact_lane(vec<T> x)
 {
-    return {shift_right(x, by(1)), x};
+    return {shift_right(x, by(1)), x, x};
 }
 
 /// The exact value less its lowest bit, which is kept as a trace: rounding it with one scale less gives the same, as long
@@ -56,7 +56,7 @@ ORV_INLINE half_odd<T> exact_lane(vec<T> x)
 template <class T>
 ORV_INLINE half_odd<T> with_trace(half_odd<T> x)
 {
-    return {shift_right(x.half, by(1)), x.half | x.odd};
+    return {shift_right(x.half, by(1)), x.half | x.odd, x.half | (x.odd & splat(T(1)))};
 }
 
 // ---- Rounding shifts: x / 2^scale
@@ -75,6 +75,17 @@ struct rounding {
         fraction = splat(T(2 * one_half - 1));
         below_half = splat(T(one_half - 1));
     }
+};
+
+template <>
+struct rounding<Orv16s> {
+    vec<Orv16s> factor;            // 2^-(scale - 1) with 15 fractional bits
+    vec<Orv16s> low_bits, low_tie; // the bits that fall off, and what they are in a tie
+
+    explicit rounding(int scale)
+        : factor(splat(Orv16s(1 << (16 - scale)))), low_bits(splat(Orv16s((1 << scale) - 1))),
+          low_tie(splat(Orv16s(1 << (scale - 1))))
+    {}
 };
 
 /// The quotient is rounded up where this carries out of the fraction; adding to the fraction alone cannot overflow.
@@ -102,6 +113,15 @@ ORV_INLINE vec<T> round_shift(half_odd<T> x, const rounding<T>& c)
     } else {
         return quotient;
     }
+}
+
+/// To nearest in 16-bit lanes, where an instruction multiplies by 2^-shift and rounds halves up: only the ties that came
+/// out odd are left to correct.
+ORV_INLINE vec<Orv16s> round_shift(half_odd<Orv16s> x, const rounding<Orv16s>& c)
+{
+    const auto halves_up = multiply_q15(x.half, c.factor);
+    const auto is_tie = is_equal(x.low & c.low_bits, c.low_tie);
+    return and_not(is_tie & splat(Orv16s(1)), halves_up);
 }
 
 /// The same for scale = 1, where an odd x is a tie.

@@ -492,6 +492,12 @@ struct even_odd {
     vec<T> even, odd;
 };
 
+/// a * b * 2^-15 to nearest, halves up.
+ORV_INLINE vec<Orv16s> multiply_q15(vec<Orv16s> a, vec<Orv16s> b)
+{
+    return {_mm256_mulhrs_epi16(a.r, b.r)};
+}
+
 /// a * b of eight 16-bit values.
 ORV_INLINE vec<Orv32s> multiply_wide(vec<Orv16s, 8> a, vec<Orv16s, 8> b)
 {

@@ -9,7 +9,6 @@
 namespace bench {
 namespace {
 
-// An offset of vectors keeps the addresses of one step in one register for all streams.
 __m256i load(const char* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); }
 
 struct Plain {
@@ -20,9 +19,10 @@ struct NonTemporal {
     static void store(char* p, __m256i x) { _mm256_stream_si256(reinterpret_cast<__m256i*>(p), x); }
 };
 
-/// With four vectors a step, three sources need no more than the eight registers of a 32-bit program.
+/// Aligned stores, but for the first vector and the last, which may overlap with their neighbours: the values do not
+/// matter. With four vectors a step, three sources need no more than the eight registers of a 32-bit program.
 template <class Store, int vectors, int sources>
-void write(const Streams& streams, std::size_t from)
+void write(const Streams& streams)
 {
     const char *a = streams.source[0], *b = streams.source[1], *c = streams.source[2];
     char* d = streams.dst;
@@ -37,23 +37,25 @@ void write(const Streams& streams, std::size_t from)
         if constexpr (sources > 2) x = _mm256_add_epi32(x, load(c + i));
         return x;
     };
-    std::size_t i = from;
+    std::size_t i = -reinterpret_cast<std::uintptr_t>(d) % 32;
+    if (i > 0) Plain::store(d, value(0));
     for (; i + 32 * vectors <= bytes; i += 32 * vectors) {
         __m256i x[vectors];
         for (std::size_t k = 0; k < vectors; ++k) x[k] = value(i + 32 * k);
         for (std::size_t k = 0; k < vectors; ++k) Store::store(d + i + 32 * k, x[k]);
     }
     for (; i + 32 <= bytes; i += 32) Store::store(d + i, value(i));
+    if (i < bytes) Plain::store(d + bytes - 32, value(bytes - 32));
 }
 
 template <class Store, int vectors>
-void write(const Streams& streams, std::size_t from)
+void write(const Streams& streams)
 {
     switch (streams.sources) {
-    case 0: return write<Store, vectors, 0>(streams, from);
-    case 1: return write<Store, vectors, 1>(streams, from);
-    case 2: return write<Store, vectors, 2>(streams, from);
-    case 3: return write<Store, vectors, 3>(streams, from);
+    case 0: return write<Store, vectors, 0>(streams);
+    case 1: return write<Store, vectors, 1>(streams);
+    case 2: return write<Store, vectors, 2>(streams);
+    case 3: return write<Store, vectors, 3>(streams);
     }
 }
 
@@ -72,6 +74,7 @@ void read(const Streams& streams)
         for (std::size_t k = 0; k < 4; ++k) add(sum[k], i + 32 * k);
     }
     for (; i + 32 <= streams.bytes; i += 32) add(sum[0], i);
+    if (i < streams.bytes) add(sum[0], streams.bytes - 32);
     for (__m256i& x : sum) asm volatile("" : : "x"(x));
 }
 
@@ -79,7 +82,7 @@ void read(const Streams& streams)
 
 void move_streams(const Streams& streams)
 {
-    if (streams.dst) return write<Plain, 4>(streams, 0);
+    if (streams.dst) return write<Plain, 4>(streams);
     switch (streams.sources) {
     case 1: return read<1>(streams);
     case 2: return read<2>(streams);
@@ -87,12 +90,11 @@ void move_streams(const Streams& streams)
     }
 }
 
-void move_streams_in_short_steps(const Streams& streams) { write<Plain, 1>(streams, 0); }
+void move_streams_in_short_steps(const Streams& streams) { write<Plain, 1>(streams); }
 
 void move_streams_past_caches(const Streams& streams)
 {
-    // Non-temporal stores want aligned addresses; what they leave out in front is less than a vector.
-    write<NonTemporal, 4>(streams, -reinterpret_cast<std::uintptr_t>(streams.dst) % 32);
+    write<NonTemporal, 4>(streams);
     _mm_sfence();
 }
 

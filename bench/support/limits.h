@@ -6,8 +6,8 @@
 
 namespace bench {
 
-/// Streams of equal length, in 32-byte vectors. Up to three are read, and at most one is written; what is written may
-/// be one of those that are read.
+/// Streams of equal length, at least one vector of 32 bytes. Up to three are read, and at most one is written, which
+/// may be among those that are read.
 struct Streams {
     const char* source[3] = {};
     int sources = 0;

@@ -58,7 +58,7 @@ typedef enum {
  * @param registers  receives ORV_CPU_REGISTERS words as the CPUID instruction gave them: eax, ebx, ecx, edx of leaf 1,
  *                   then eax, ebx, ecx, edx of leaf 7, subleaf 0; zeros for a leaf that the processor lacks. They are
  *                   read anew in each call, on the processor that the caller happens to run on. May be null.
- * @return orvOk. With two null pointers the call still identifies the processor, so that later calls are quick. */
+ * @return orvOk. With two null pointers the processor is identified, and nothing else happens. */
 OrvStatus orvGetCpuFeatures(Orv64u* features, Orv32u* registers);
 
 /** Tells which features programs may use: the mask of orvGetCpuFeatures without those whose registers the operating
@@ -77,7 +77,7 @@ int ownGetFeature(Orv64u mask);
  * A size above the largest int is given as the largest int. The processor is asked once, at the first call.
  * @return orvOk; or, in this order,
  *         orvErrNullPointer: bytes is null;
- *         orvErrBadArgument: the processor does not describe its caches. Then, unlike elsewhere, *bytes is set: to 0. */
+ *         orvErrBadArgument: the processor does not describe its caches; unlike elsewhere, *bytes is set then, to 0. */
 OrvStatus orvGetMaxCacheSizeB(int* bytes);
 
 /* ---- Number of threads ---------------------------------------------------------------------- core/threads.cpp */

@@ -64,8 +64,9 @@ bool same_element(const ElementType& type, const void* a, const void* b, NanView
 
 std::string element_text(const ElementType& type, const void* element)
 {
-    if (type.components == 1) return component_text(type, element, 0);
-    return "(" + component_text(type, element, 0) + ", " + component_text(type, element, 1) + ")";
+    std::string text = component_text(type, element, 0);
+    if (type.components == 2) text.append(", ").append(component_text(type, element, 1));
+    return type.components == 1 ? text : '(' + text + ')';
 }
 
 std::size_t first_difference(const ElementType& type, const void* a, const void* b, std::size_t n, NanView nans)

@@ -1,0 +1,225 @@
+// What the tests of sums, differences and sums of products share: operations on any kind of value, orders of argument
+// checks, the exceptions from the law of scale factors, and dense sets of operands for narrow integers.
+#pragma once
+
+#include "tests/support/checks.h"
+#include "tests/support/compare.h"
+#include "tests/support/elementwise.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <set>
+#include <utility>
+
+namespace orvtest {
+
+// ---- Operations, exact on exact integers, rounded once on floats; complex values by parts
+
+struct Sum {
+    template <class T>
+    T operator()(const T& a, const T& b) const
+    {
+        if constexpr (Complex<T>) return {a.re + b.re, a.im + b.im};
+        else return a + b;
+    }
+};
+struct FirstMinusSecond {
+    template <class T>
+    T operator()(const T& a, const T& b) const
+    {
+        if constexpr (Complex<T>) return {a.re - b.re, a.im - b.im};
+        else return a - b;
+    }
+};
+struct SecondMinusFirst {
+    template <class T>
+    T operator()(const T& a, const T& b) const
+    {
+        return FirstMinusSecond{}(b, a);
+    }
+};
+
+constexpr Sum sum;
+constexpr FirstMinusSecond first_minus_second;
+constexpr SecondMinusFirst second_minus_first;
+
+// ---- Sweeps
+
+/// Lengths for all of this family: around one and more rounds of a main loop of up to four vectors, and around the
+/// lengths at which a loop may begin to align its destination or to prefetch.
+inline SweepOptions family_lengths()
+{
+    SweepOptions options;
+    options.lengths = lengths_around({96, 128, 161, 256, 445, 1014, 1185, 1200, 2731});
+    return options;
+}
+
+/// Sweeps like sweep_exact an export that departs from the law: from the scale zero_from on it gives 0, also where the
+/// law would round to 1 or -1.
+template <class... Args, class Oracle>
+bool sweep_exact_below(int zero_from, const Export<OrvStatus, Args...>& f, const Oracle& oracle)
+{
+    using Result = DestinationElement<Args...>;
+    const int reach = scale_reach(element_type<Result>().component_size);
+    for (const int scale : scales(reach)) {
+        const auto element = [&]<class... E>(
+            const E&... e) requires std::invocable<const Oracle&, decltype(exact(e))...>
+        {
+            return scale >= zero_from ? Result{} : saturate<Result>(scale_law(oracle(exact(e)...), scale));
+        };
+        if (!sweep_elements(f.with(scale), element, options_at_scale(family_lengths(), scale, reach))) return false;
+    }
+    return true;
+}
+
+// ---- Argument checks. The values are those of the valid call: scalars, the length, the scale.
+
+template <class... Args, class... Others>
+void expect_pointers_before_length(const Export<OrvStatus, Args...>& f, Others... others)
+{
+    ArgumentChecks(f, others...).null_pointers().bad_lengths().run();
+}
+template <class... Args, class... Others>
+void expect_length_before_pointers(const Export<OrvStatus, Args...>& f, Others... others)
+{
+    ArgumentChecks(f, others...).bad_lengths().null_pointers().run();
+}
+
+// ---- Single operands
+
+/// The result of f for one pair of operands. They stand at every place of vectors of several lengths, and the result is
+/// expected to be the same at each.
+template <class T>
+T result_of(const Export<OrvStatus, const T*, const T*, T*, int, int>& f, std::type_identity_t<T> a,
+            std::type_identity_t<T> b, int scale)
+{
+    T first = {};
+    for (const std::size_t n : {std::size_t{1}, std::size_t{7}, std::size_t{40}, std::size_t{300}}) {
+        const std::vector<T> as(n, a), bs(n, b);
+        std::vector<T> d(n, static_cast<T>(a + b + 1));
+        EXPECT_EQ(f(as.data(), bs.data(), d.data(), static_cast<int>(n), scale), orvOk) << f.name();
+        if (n == 1) first = d[0];
+        expect_elements(f, d, std::vector<T>(n, first));
+    }
+    return first;
+}
+/// The same for a vector of values and a scalar.
+template <class T>
+T result_of(const Export<OrvStatus, const T*, T, T*, int, int>& f, std::type_identity_t<T> a,
+            std::type_identity_t<T> value, int scale)
+{
+    T first = {};
+    for (const std::size_t n : {std::size_t{1}, std::size_t{7}, std::size_t{40}, std::size_t{300}}) {
+        const std::vector<T> as(n, a);
+        std::vector<T> d(n, static_cast<T>(a + value + 1));
+        EXPECT_EQ(f(as.data(), value, d.data(), static_cast<int>(n), scale), orvOk) << f.name();
+        if (n == 1) first = d[0];
+        expect_elements(f, d, std::vector<T>(n, first));
+    }
+    return first;
+}
+
+// ---- Every pair of a set of operands
+
+/// The law of scale factors on 64 bits, by its definition: fast enough for millions of operands, and an oracle of its
+/// own beside scale_law. |x| * 2^-scale must stay below 2^63.
+constexpr std::int64_t nearest_even(std::int64_t x, int scale)
+{
+    if (scale <= 0) return x * (std::int64_t{1} << -scale);
+    const std::int64_t divisor = std::int64_t{1} << scale;
+    const std::int64_t floor = x >> scale;
+    const std::int64_t twice_rest = 2 * (x - floor * divisor);
+    return twice_rest > divisor || (twice_rest == divisor && floor % 2 != 0) ? floor + 1 : floor;
+}
+
+template <std::integral T>
+constexpr T limited(std::int64_t x)
+{
+    return static_cast<T>(
+        std::clamp<std::int64_t>(x, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
+}
+
+/// All 256 values of an 8-bit type.
+template <std::integral T>
+std::vector<T> all_bytes()
+{
+    std::vector<T> values;
+    for (int i = 0; i < 256; ++i) values.push_back(static_cast<T>(i));
+    return values;
+}
+
+/// The values of an integer type at which sums, shifts and roundings change: around zero and both limits, around
+/// multiples of powers of two (where shifted values meet ties and limits), and some without any order. The distances
+/// reach up to near.
+template <std::integral T>
+std::vector<T> critical_values(int near, std::size_t random_values)
+{
+    constexpr int width = 8 * static_cast<int>(sizeof(T));
+    std::set<T> values;
+    const auto add_around = [&](std::uint64_t center, int reach) {
+        for (int distance = -reach; distance <= reach; ++distance)
+            values.insert(static_cast<T>(center + static_cast<std::uint64_t>(distance)));
+    };
+    add_around(0, 8 * near);
+    add_around(std::uint64_t{1} << (width - 1), 8 * near);
+    for (int bit = 1; bit < width; ++bit)
+        for (const std::uint64_t odd : {1, 3, 5}) {
+            add_around(odd << bit, near);
+            add_around(-(odd << bit), near);
+        }
+    Random random(width);
+    for (std::size_t i = 0; i < random_values; ++i) values.insert(static_cast<T>(random.bits()));
+    return {values.begin(), values.end()};
+}
+
+/// All pairs from two sets: rows of the first set, one row for each value of the second.
+template <class T>
+struct Pairs {
+    std::vector<T> first, second;
+    std::size_t row;
+
+    Pairs(const std::vector<T>& firsts, const std::vector<T>& seconds) : row(firsts.size())
+    {
+        for (const T value : seconds) {
+            first.insert(first.end(), firsts.begin(), firsts.end());
+            second.insert(second.end(), firsts.size(), value);
+        }
+    }
+};
+
+/// One call over all pairs.
+template <class T>
+void call_on_pairs(const Export<OrvStatus, const T*, const T*, T*, int, int>& f, const Pairs<T>& pairs,
+                   std::vector<T>& results, int scale)
+{
+    const auto n = static_cast<int>(pairs.first.size());
+    ASSERT_EQ(f(pairs.first.data(), pairs.second.data(), results.data(), n, scale), orvOk);
+}
+/// One call for each row, the second value as the scalar.
+template <class T>
+void call_on_pairs(const Export<OrvStatus, const T*, T, T*, int, int>& f, const Pairs<T>& pairs,
+                   std::vector<T>& results, int scale)
+{
+    for (std::size_t i = 0; i < pairs.first.size(); i += pairs.row)
+        ASSERT_EQ(f(&pairs.first[i], pairs.second[i], &results[i], static_cast<int>(pairs.row), scale), orvOk);
+}
+
+/// Compares f with wanted(a, b, scale) for all pairs and all scales from lowest to highest.
+template <class T, class... Args, class Wanted>
+void expect_all_pairs(const Export<OrvStatus, Args...>& f, const Pairs<T>& pairs, int lowest, int highest,
+                      const Wanted& wanted)
+{
+    std::vector<T> results(pairs.first.size());
+    for (int scale = lowest; scale <= highest; ++scale) {
+        call_on_pairs<T>(f, pairs, results, scale);
+        for (std::size_t i = 0; i < results.size(); ++i) {
+            const T want = wanted(pairs.first[i], pairs.second[i], scale);
+            if (results[i] != want)
+                FAIL() << f.name() << " of " << +pairs.first[i] << " and " << +pairs.second[i] << " at scale " << scale
+                       << " is " << +results[i] << ", not " << +want;
+        }
+    }
+}
+
+} // namespace orvtest

@@ -1,0 +1,150 @@
+// Arrays larger than the caches, where results may be stored past them. Lengths of sweeps stay far below.
+#pragma once
+
+#include "orvs/core.h"
+
+#include "tests/support/elementwise.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace orvtest {
+
+/// Bytes of all arrays of a call, more than the largest cache holds. A machine with very large caches is not tested
+/// to its limit.
+inline std::size_t bytes_beyond_caches()
+{
+    int cache = 0;
+    EXPECT_EQ(orvGetMaxCacheSizeB(&cache), orvOk);
+    const auto largest = static_cast<std::size_t>(std::max(cache, 0));
+    return std::clamp(largest + largest / 16, std::size_t{4} << 20, std::size_t{64} << 20);
+}
+
+/// Above 2 MiB loops for large arrays begin, whatever the size of the caches.
+constexpr std::size_t bytes_beyond_small = (std::size_t{2} << 20) + (std::size_t{1} << 18);
+
+/// A call on arrays that repeat the same operands from end to end. The period is a prime number of elements, so that
+/// no two of its copies lie alike in vectors and cache lines.
+template <class Oracle, class... Args>
+class LargeCall {
+public:
+    static constexpr std::size_t period = 65521;
+    static constexpr bool reads_destination =
+        std::is_invocable_v<const Oracle&, decltype(std::declval<const Operand<Args>&>()[0])...>;
+    /// Whether the first argument is a source that the destination can take the place of, without being read itself.
+    static constexpr bool can_be_in_place =
+        !reads_destination &&
+        std::is_same_v<std::tuple_element_t<0, std::tuple<Args...>>, const DestinationElement<Args...>*>;
+
+    LargeCall(const Call<Args...>& call, const Oracle& oracle, std::size_t bytes) : call_(call)
+    {
+        Draw from = {Random(seed_of(call.name, bytes)), period, 3, Floats::any};
+        PlacedCall placed = {};
+        std::apply([&](auto&... operand) { ((operand.draw(from), operand.add_to(placed)), ...); }, operands_);
+        arrays_ = std::move(placed.arrays);
+
+        Operand<DestinationElement<Args...>*> results;
+        for (std::size_t i = 0; i < period; ++i) {
+            const auto elements = [&](const auto&... operand) {
+                return std::tuple_cat(oracle_argument<reads_destination>(operand, i)...);
+            };
+            results.values.push_back(std::apply(oracle, std::apply(elements, operands_)));
+        }
+        destination_ = std::get<find_destination<Args...>()>(operands_).array;
+        arrays_[destination_].after = results.bytes();
+
+        std::size_t bytes_of_element = 0;
+        for (const ArrayArgument& array : arrays_) bytes_of_element += array.type.size();
+        length_ = (bytes / bytes_of_element) | 1; // odd, so that both ends of an array are aligned differently
+        for (const ArrayArgument& array : arrays_)
+            blocks_.push_back(std::make_unique<GuardedBlock>(length_ * array.type.size()));
+    }
+
+    /// Calls with the destination there, or there in the place of the first source. The other sources end at unreadable
+    /// pages. Says whether all was right.
+    bool check(Placement placement, bool in_place = false)
+    {
+        const std::size_t left_out = in_place ? 0 : arrays_.size(); // the array that has no memory of its own
+        std::vector<std::byte*> addresses;
+        for (std::size_t i = 0; i < arrays_.size(); ++i) {
+            addresses.push_back(blocks_[i]->place(size(i), i == destination_ ? placement : before_guard));
+            repeat(addresses[i], arrays_[in_place && i == destination_ ? 0 : i].before, size(i));
+        }
+        if (in_place) addresses[0] = addresses[destination_];
+
+        const std::string text = std::string(call_.name) + " on " + std::to_string(length_) + " elements (" +
+                                 call_.parameters + "), the destination " + placement_text(placement) +
+                                 (in_place ? " and is source 1" : "");
+        const CallNote note([&] { return text; });
+        const auto call = [&](const auto&... operand) {
+            return call_.function(operand.argument(addresses)..., static_cast<int>(length_));
+        };
+        const OrvStatus status = std::apply(call, operands_);
+        std::string fault = status == orvOk ? "" : "status " + std::to_string(status);
+        for (std::size_t i = 0; i < arrays_.size() && fault.empty(); ++i)
+            if (i != left_out) fault = find_fault(i, addresses[i]);
+        if (!fault.empty()) ADD_FAILURE() << text << ": " << fault;
+        return fault.empty();
+    }
+
+private:
+    std::size_t size(std::size_t array) const { return length_ * arrays_[array].type.size(); }
+
+    static void repeat(std::byte* to, const std::vector<std::byte>& content, std::size_t bytes)
+    {
+        for (std::size_t at = 0; at < bytes; at += content.size())
+            std::memcpy(to + at, content.data(), std::min(content.size(), bytes - at));
+    }
+
+    std::string find_fault(std::size_t i, const std::byte* address) const
+    {
+        const ArrayArgument& array = arrays_[i];
+        for (std::size_t at = 0; at < length_; at += period) {
+            const std::size_t n = std::min(period, length_ - at);
+            const std::size_t k = first_difference(array.type, address + at * array.type.size(), array.after.data(), n);
+            if (k == n) continue;
+            const std::size_t byte = k * array.type.size();
+            return "element " + std::to_string(at + k) + " of array " + std::to_string(i + 1) + " is " +
+                   element_text(array.type, address + at * array.type.size() + byte) + ", not " +
+                   element_text(array.type, array.after.data() + byte);
+        }
+        const std::string damage = blocks_[i]->damage();
+        return damage.empty() ? "" : "a byte outside array " + std::to_string(i + 1) + " has changed: " + damage;
+    }
+
+    const Call<Args...>& call_;
+    std::tuple<Operand<Args>...> operands_;
+    std::vector<ArrayArgument> arrays_; // of one period
+    std::size_t destination_ = 0;
+    std::size_t length_ = 0;
+    std::vector<std::unique_ptr<GuardedBlock>> blocks_;
+};
+
+/// Calls on large arrays: aligned by element and not at all, and in place of the first source where that is another
+/// way of calling. Says whether all was right.
+template <class... Args, class Oracle>
+bool check_large(const Call<Args...>& call, const Oracle& oracle)
+{
+    for (const std::size_t bytes : {bytes_beyond_small, bytes_beyond_caches()}) {
+        LargeCall<Oracle, Args...> large(call, oracle, bytes);
+        if (!large.check(before_guard) || !large.check(misaligned(33))) return false;
+        if constexpr (LargeCall<Oracle, Args...>::can_be_in_place)
+            if (!large.check(before_guard, true)) return false;
+    }
+    return true;
+}
+
+/// The same for an integer export under the law of scale factors; without a scale, at scale 0.
+template <class... Args, class Oracle, class... Scale>
+bool check_large_exact(const Export<OrvStatus, Args...>& f, const Oracle& oracle, Scale... scale)
+{
+    using Result = DestinationElement<Args...>;
+    const auto element = [&]<class... E>(const E&... e) requires std::invocable<const Oracle&, decltype(exact(e))...>
+    {
+        return saturate<Result>(scale_law(oracle(exact(e)...), (0 + ... + scale)));
+    };
+    return check_large(f.with(scale...), element);
+}
+
+} // namespace orvtest
