@@ -16,6 +16,9 @@ endif()
 add_compile_options(${ORV_WORD_FLAGS})
 add_link_options(${ORV_WORD_FLAGS})
 string(JOIN " " CMAKE_ASM_FLAGS ${ORV_WORD_FLAGS})
+if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    string(APPEND CMAKE_ASM_FLAGS " -Wno-unused-command-line-argument") # of the C++ options, for the entries
+endif()
 
 if(ORV_SANITIZE)
     set(ORV_SANITIZE_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -38,13 +41,15 @@ target_compile_options(orv_freestanding INTERFACE
     -O2 -fvisibility=hidden -fno-stack-protector -fcf-protection=none
     $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti -fno-threadsafe-statics>)
 
-# Code of the variant. A fused multiply-add happens where the source says fma and nowhere else. Callers of the 32-bit
-# variant may come with a stack aligned to 4 bytes only. A loop of stores stays a loop: the library calls no memset.
+# Callers of 32-bit code may come with a stack that is aligned to 4 bytes only.
+if(ORV_VARIANT STREQUAL h9)
+    target_compile_options(orv_freestanding INTERFACE
+        $<IF:$<CXX_COMPILER_ID:GNU>,-mincoming-stack-boundary=2,-mstackrealign>)
+endif()
+
+# Code of the variant. A fused multiply-add happens where the source says fma and nowhere else. A loop of stores stays a
+# loop: the library calls no memset.
 add_library(orv_kernels INTERFACE)
 target_compile_options(orv_kernels INTERFACE -mavx2 -mfma -ffp-contract=off -fno-math-errno -fno-builtin
     $<$<CXX_COMPILER_ID:GNU>:-fno-partial-inlining -fno-tree-loop-distribute-patterns>)
 target_compile_definitions(orv_kernels INTERFACE ORV_VARIANT=${ORV_VARIANT} ORV_BUILD_PREFIX="${ORV_VARIANT}_")
-if(ORV_VARIANT STREQUAL h9)
-    target_compile_options(orv_kernels INTERFACE
-        $<IF:$<CXX_COMPILER_ID:GNU>,-mincoming-stack-boundary=2,-mstackrealign>)
-endif()

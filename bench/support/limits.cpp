@@ -20,7 +20,7 @@ struct NonTemporal {
 };
 
 /// Aligned stores, but for the first vector and the last, which may overlap with their neighbours: the values do not
-/// matter. With four vectors a step, three sources need no more than the eight registers of a 32-bit program.
+/// matter. Each vector is stored before the next is loaded: loads in a bunch, then stores, take longer.
 template <class Store, int vectors, int sources>
 void write(const Streams& streams)
 {
@@ -40,9 +40,7 @@ void write(const Streams& streams)
     std::size_t i = -reinterpret_cast<std::uintptr_t>(d) % 32;
     if (i > 0) Plain::store(d, value(0));
     for (; i + 32 * vectors <= bytes; i += 32 * vectors) {
-        __m256i x[vectors];
-        for (std::size_t k = 0; k < vectors; ++k) x[k] = value(i + 32 * k);
-        for (std::size_t k = 0; k < vectors; ++k) Store::store(d + i + 32 * k, x[k]);
+        for (std::size_t k = 0; k < vectors; ++k) Store::store(d + i + 32 * k, value(i + 32 * k));
     }
     for (; i + 32 <= bytes; i += 32) Store::store(d + i, value(i));
     if (i < bytes) Plain::store(d + bytes - 32, value(bytes - 32));

@@ -16,10 +16,10 @@ struct Streams {
 };
 
 /// dst = the sum of the sources, or a constant if there is none; without dst, only reads. Four vectors a step, which is
-/// the fastest way in the first-level cache.
+/// as fast as it gets in the first-level cache.
 void move_streams(const Streams& streams);
 
-/// The same with one vector a step: the stores come in the order of the addresses, which counts in the other caches.
+/// The same with one vector a step: slower there, and often a little faster in the other caches.
 void move_streams_in_short_steps(const Streams& streams);
 
 /// The same with non-temporal stores, which do not read dst into the caches first.

@@ -46,28 +46,43 @@ constexpr SecondMinusFirst second_minus_first;
 
 // ---- Sweeps
 
-/// Lengths for all of this family: around one and more rounds of a main loop of up to four vectors, and around the
-/// lengths at which a loop may begin to align its destination or to prefetch.
+/// Lengths for all of this family: every one up to four whole vectors of bytes and the tails behind them, and both
+/// sides of those at which a loop may begin to align its destination, to prefetch or to go round once more.
 inline SweepOptions family_lengths()
 {
+    std::set<int> lengths;
+    for (const int n : lengths_around({256, 445, 1014, 1185, 1200, 2731})) lengths.insert(n);
+    for (int n = longest_dense_length + 1; n <= 160; ++n) lengths.insert(n);
     SweepOptions options;
-    options.lengths = lengths_around({96, 128, 161, 256, 445, 1014, 1185, 1200, 2731});
+    options.lengths.assign(lengths.begin(), lengths.end());
     return options;
 }
 
-/// Sweeps like sweep_exact an export that departs from the law: from the scale zero_from on it gives 0, also where the
-/// law would round to 1 or -1.
+/// The law of scale factors over an oracle of exact values, as an oracle of elements. From zero_from on it gives 0,
+/// also where the law rounds to 1 or -1.
+template <class Result, class Oracle>
+struct ScaledOracle {
+    Oracle oracle;
+    int scale;
+    int zero_from = INT_MAX;
+
+    template <class... E>
+    requires std::invocable<const Oracle&, decltype(exact(std::declval<const E&>()))...>
+        Result operator()(const E&... elements) const
+    {
+        if (scale >= zero_from) return {};
+        return saturate<Result>(scale_law(oracle(exact(elements)...), scale));
+    }
+};
+
+/// Sweeps like sweep_exact, but an export that gives 0 from the scale zero_from on, whatever the law says.
 template <class... Args, class Oracle>
 bool sweep_exact_below(int zero_from, const Export<OrvStatus, Args...>& f, const Oracle& oracle)
 {
     using Result = DestinationElement<Args...>;
     const int reach = scale_reach(element_type<Result>().component_size);
     for (const int scale : scales(reach)) {
-        const auto element = [&]<class... E>(
-            const E&... e) requires std::invocable<const Oracle&, decltype(exact(e))...>
-        {
-            return scale >= zero_from ? Result{} : saturate<Result>(scale_law(oracle(exact(e)...), scale));
-        };
+        const ScaledOracle<Result, Oracle> element = {oracle, scale, zero_from};
         if (!sweep_elements(f.with(scale), element, options_at_scale(family_lengths(), scale, reach))) return false;
     }
     return true;
@@ -136,8 +151,7 @@ constexpr std::int64_t nearest_even(std::int64_t x, int scale)
 template <std::integral T>
 constexpr T limited(std::int64_t x)
 {
-    return static_cast<T>(
-        std::clamp<std::int64_t>(x, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
+    return static_cast<T>(std::clamp<std::int64_t>(x, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
 }
 
 /// All 256 values of an 8-bit type.

@@ -3,7 +3,7 @@
 
 #include "orvs/core.h"
 
-#include "tests/support/elementwise.h"
+#include "tests/arith/family.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -139,11 +139,7 @@ bool check_large(const Call<Args...>& call, const Oracle& oracle)
 template <class... Args, class Oracle, class... Scale>
 bool check_large_exact(const Export<OrvStatus, Args...>& f, const Oracle& oracle, Scale... scale)
 {
-    using Result = DestinationElement<Args...>;
-    const auto element = [&]<class... E>(const E&... e) requires std::invocable<const Oracle&, decltype(exact(e))...>
-    {
-        return saturate<Result>(scale_law(oracle(exact(e)...), (0 + ... + scale)));
-    };
+    const ScaledOracle<DestinationElement<Args...>, Oracle> element = {oracle, (0 + ... + scale)};
     return check_large(f.with(scale...), element);
 }
 

@@ -165,7 +165,7 @@ private:
     bool run_length(int length, std::size_t round) const
     {
         const auto n = static_cast<std::size_t>(length);
-        Draw from = {Random(seed_of(call_.name, n)), n, round, options_.floats};
+        Draw from = {Random(seed_of(call_.name + call_.parameters, n)), n, round, options_.floats};
         Operands operands;
         std::apply([&](auto&... operand) { (operand.draw(from), ...); }, operands);
 

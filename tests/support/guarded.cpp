@@ -61,19 +61,28 @@ GuardedBlock::GuardedBlock(std::size_t largest_array)
     const std::size_t needed = largest_array + 3 * boundary; // canaries on both sides of any misaligned array
     size_ = (needed + page_size - 1) / page_size * page_size;
     std::vector<std::byte*>& spare = spare_blocks()[size_];
-    if (spare.empty()) {
-        pages_ = map_pages(size_);
-    } else {
-        pages_ = spare.back();
-        spare.pop_back();
-    }
+    if (spare.empty()) spare.push_back(map_pages(size_));
+    array_ = pages_ = spare.back();
+    spare.pop_back();
+    lay_pattern(0, size_);
 }
 
 GuardedBlock::~GuardedBlock() { spare_blocks()[size_].push_back(pages_); }
 
+void GuardedBlock::lay_pattern(std::size_t from, std::size_t to)
+{
+    while (from < to) {
+        const std::size_t in_page = from % page_size;
+        const std::size_t n = std::min(to - from, page_size - in_page);
+        std::memcpy(pages_ + from, pattern().data() + in_page, n);
+        from += n;
+    }
+}
+
 std::byte* GuardedBlock::place(std::size_t bytes, Placement placement)
 {
-    for (std::size_t page = 0; page < size_; page += page_size) std::memcpy(pages_ + page, pattern().data(), page_size);
+    const auto left = static_cast<std::size_t>(array_ - pages_);
+    lay_pattern(left, left + array_bytes_);
     array_bytes_ = bytes;
     switch (placement.where) {
     case Placement::Where::before_guard: array_ = pages_ + size_ - bytes; break;

@@ -37,16 +37,19 @@ public:
     GuardedBlock(const GuardedBlock&) = delete;
     GuardedBlock& operator=(const GuardedBlock&) = delete;
 
-    /// Fills the block with the pattern and returns the address of an array of so many bytes.
+    /// Moves the array, which has so many bytes now, and returns its address. The pattern closes over its former place;
+    /// damage elsewhere stays.
     std::byte* place(std::size_t bytes, Placement placement);
 
     /// Tells the first byte outside the array that has changed; empty when there is none.
     std::string damage() const;
 
 private:
+    void lay_pattern(std::size_t from, std::size_t to);
+
     std::byte* pages_;
     std::size_t size_; // of the readable pages
-    std::byte* array_ = nullptr;
+    std::byte* array_;
     std::size_t array_bytes_ = 0;
 };
 

@@ -1,0 +1,244 @@
+// The families of fills and moves, one export after another, and what their tests share.
+#pragma once
+
+#include "orvs/core.h"
+#include "orvs/frame.h"
+
+#include "tests/support/elementwise.h"
+
+#include <algorithm>
+#include <cstring>
+#include <gtest/gtest.h>
+
+namespace orvtest {
+
+/// visit takes an Export<OrvStatus, T*, int>.
+template <class Visit>
+void for_each_zero(const Visit& visit)
+{
+    visit(ORV_EXPORT(orvsZero_8u));
+    visit(ORV_EXPORT(orvsZero_16s));
+    visit(ORV_EXPORT(orvsZero_16sc));
+    visit(ORV_EXPORT(orvsZero_32s));
+    visit(ORV_EXPORT(orvsZero_32sc));
+    visit(ORV_EXPORT(orvsZero_64s));
+    visit(ORV_EXPORT(orvsZero_64sc));
+    visit(ORV_EXPORT(orvsZero_32f));
+    visit(ORV_EXPORT(orvsZero_32fc));
+    visit(ORV_EXPORT(orvsZero_64f));
+    visit(ORV_EXPORT(orvsZero_64fc));
+}
+
+/// visit takes an Export<OrvStatus, T, T*, int>.
+template <class Visit>
+void for_each_set(const Visit& visit)
+{
+    visit(ORV_EXPORT(orvsSet_8u));
+    visit(ORV_EXPORT(orvsSet_16s));
+    visit(ORV_EXPORT(orvsSet_16sc));
+    visit(ORV_EXPORT(orvsSet_32s));
+    visit(ORV_EXPORT(orvsSet_32sc));
+    visit(ORV_EXPORT(orvsSet_64s));
+    visit(ORV_EXPORT(orvsSet_64sc));
+    visit(ORV_EXPORT(orvsSet_32f));
+    visit(ORV_EXPORT(orvsSet_32fc));
+    visit(ORV_EXPORT(orvsSet_64f));
+    visit(ORV_EXPORT(orvsSet_64fc));
+}
+
+/// visit takes an Export<OrvStatus, const T*, T*, int>.
+template <class Visit>
+void for_each_copy(const Visit& visit)
+{
+    visit(ORV_EXPORT(orvsCopy_8u));
+    visit(ORV_EXPORT(orvsCopy_16s));
+    visit(ORV_EXPORT(orvsCopy_16sc));
+    visit(ORV_EXPORT(orvsCopy_32s));
+    visit(ORV_EXPORT(orvsCopy_32sc));
+    visit(ORV_EXPORT(orvsCopy_64s));
+    visit(ORV_EXPORT(orvsCopy_64sc));
+    visit(ORV_EXPORT(orvsCopy_32f));
+    visit(ORV_EXPORT(orvsCopy_32fc));
+    visit(ORV_EXPORT(orvsCopy_64f));
+    visit(ORV_EXPORT(orvsCopy_64fc));
+}
+
+/// visit takes an Export<OrvStatus, const T*, T*, int>.
+template <class Visit>
+void for_each_move(const Visit& visit)
+{
+    visit(ORV_EXPORT(orvsMove_8u));
+    visit(ORV_EXPORT(orvsMove_16s));
+    visit(ORV_EXPORT(orvsMove_16sc));
+    visit(ORV_EXPORT(orvsMove_32s));
+    visit(ORV_EXPORT(orvsMove_32sc));
+    visit(ORV_EXPORT(orvsMove_64s));
+    visit(ORV_EXPORT(orvsMove_64sc));
+    visit(ORV_EXPORT(orvsMove_32f));
+    visit(ORV_EXPORT(orvsMove_32fc));
+    visit(ORV_EXPORT(orvsMove_64f));
+    visit(ORV_EXPORT(orvsMove_64fc));
+}
+
+/// visit takes an Export<T*, int>.
+template <class Visit>
+void for_each_malloc(const Visit& visit)
+{
+    visit(ORV_EXPORT(orvsMalloc_8u));
+    visit(ORV_EXPORT(orvsMalloc_8s));
+    visit(ORV_EXPORT(orvsMalloc_16u));
+    visit(ORV_EXPORT(orvsMalloc_16s));
+    visit(ORV_EXPORT(orvsMalloc_16sc));
+    visit(ORV_EXPORT(orvsMalloc_32u));
+    visit(ORV_EXPORT(orvsMalloc_32s));
+    visit(ORV_EXPORT(orvsMalloc_32sc));
+    visit(ORV_EXPORT(orvsMalloc_64s));
+    visit(ORV_EXPORT(orvsMalloc_64sc));
+    visit(ORV_EXPORT(orvsMalloc_32f));
+    visit(ORV_EXPORT(orvsMalloc_32fc));
+    visit(ORV_EXPORT(orvsMalloc_64f));
+    visit(ORV_EXPORT(orvsMalloc_64fc));
+    visit(ORV_EXPORT(orvsMalloc_8sc));
+}
+
+/// Above so many bytes a fill asks for the size of the caches.
+constexpr std::size_t asking_bytes = 0x200000;
+
+/// Element-wise sweeps of a family whose road is chosen by bytes, whatever the type: all bits count, and lengths lie
+/// around the sizes at which a road may begin.
+template <class T>
+SweepOptions options_by_bytes()
+{
+    std::vector<int> thresholds;
+    for (const std::size_t bytes : {96, 128, 160, 192, 256, 320, 512, 0x4000, 0x8000})
+        thresholds.push_back(static_cast<int>(bytes / sizeof(T)));
+    SweepOptions options;
+    options.lengths = lengths_around(thresholds);
+    options.nans = NanView::bits;
+    return options;
+}
+
+/// Bytes by their place, so that no two windows of 8 bytes are alike.
+inline std::vector<std::byte> random_bytes(std::size_t n)
+{
+    std::vector<std::byte> bytes((n + 7) / 8 * 8);
+    Random random(n);
+    for (std::size_t i = 0; i < bytes.size(); i += 8) {
+        const std::uint64_t word = random.bits();
+        std::memcpy(&bytes[i], &word, 8);
+    }
+    bytes.resize(n);
+    return bytes;
+}
+
+/// Is every element of the array this value, bit for bit? The array is compared with itself, one element further on.
+template <class T>
+bool holds_only(const std::byte* array, const T& value, std::size_t n)
+{
+    return std::memcmp(array, &value, sizeof value) == 0 &&
+           std::memcmp(array, array + sizeof value, (n - 1) * sizeof value) == 0;
+}
+
+/// An element with different bytes at every place.
+template <class T>
+T telling_value()
+{
+    constexpr unsigned char bytes[] = {0x83, 0xA5, 0xC7, 0x39, 0x1B, 0x6D, 0x4F, 0xE1,
+                                       0x92, 0xB4, 0xD6, 0x28, 0x0A, 0x7C, 0x5E, 0xF0};
+    T value;
+    std::memcpy(&value, bytes, sizeof value);
+    return value;
+}
+
+/// A fill of a large array whose result is compared at the speed of memory.
+template <class T>
+class LargeFill {
+public:
+    LargeFill(const Export<OrvStatus, T*, int>& zero, std::size_t most)
+        : name_(zero.name()), value_{}, fill_(zero), block_(most * sizeof(T))
+    {}
+    LargeFill(const Export<OrvStatus, T, T*, int>& set, std::size_t most)
+        : name_(set.name()), value_(telling_value<T>()),
+          fill_([set, this](T* dst, int len) { return set(value_, dst, len); }), block_(most * sizeof(T))
+    {}
+    LargeFill(const LargeFill&) = delete;
+    LargeFill& operator=(const LargeFill&) = delete;
+
+    /// Fills n elements there, and says whether all was right.
+    bool check(std::size_t n, Placement placement)
+    {
+        std::byte* array = block_.place(n * sizeof(T), placement);
+        const std::string text =
+            std::string(name_) + " of " + std::to_string(n) + " elements: the array " + placement_text(placement);
+        const CallNote note([&] { return text; });
+        const OrvStatus status = fill_(reinterpret_cast<T*>(array), static_cast<int>(n));
+        const bool filled = status == orvOk && holds_only(array, value_, n);
+        const std::string damage = block_.damage();
+        if (filled && damage.empty()) return true;
+        ADD_FAILURE() << text << ": status " << status << (filled ? "" : ", a wrong element") << ", damage: " << damage;
+        return false;
+    }
+
+private:
+    const char* name_;
+    const T value_;
+    std::function<OrvStatus(T*, int)> fill_;
+    GuardedBlock block_;
+};
+
+/// A copy between two large arrays.
+template <class T>
+class LargeCopy {
+public:
+    LargeCopy(const Export<OrvStatus, const T*, T*, int>& copy, std::size_t most)
+        : copy_(copy), content_(random_bytes(most * sizeof(T))), source_block_(content_.size()),
+          destination_block_(content_.size())
+    {}
+
+    /// The source for the checks that follow: n elements.
+    void place_source(std::size_t n, Placement placement)
+    {
+        n_ = n;
+        source_placement_ = placement;
+        source_ = source_block_.place(n * sizeof(T), placement);
+        std::memcpy(source_, content_.data(), n * sizeof(T));
+    }
+
+    /// Copies there, and says whether all was right.
+    bool check(Placement placement)
+    {
+        const std::size_t bytes = n_ * sizeof(T);
+        std::byte* destination = destination_block_.place(bytes, placement);
+        const std::string text = std::string(copy_.name()) + " of " + std::to_string(n_) + " elements: the source " +
+                                 placement_text(source_placement_) + ", the destination " + placement_text(placement);
+        const CallNote note([&] { return text; });
+        const OrvStatus status =
+            copy_(reinterpret_cast<const T*>(source_), reinterpret_cast<T*>(destination), static_cast<int>(n_));
+        const bool copied = status == orvOk && std::memcmp(destination, content_.data(), bytes) == 0;
+        const bool kept = std::memcmp(source_, content_.data(), bytes) == 0 && source_block_.damage().empty();
+        const std::string damage = destination_block_.damage();
+        if (copied && kept && damage.empty()) return true;
+        ADD_FAILURE() << text << ": status " << status << (copied ? "" : ", a wrong element")
+                      << (kept ? "" : ", the source has changed") << ", damage: " << damage;
+        return false;
+    }
+
+private:
+    const Export<OrvStatus, const T*, T*, int> copy_;
+    const std::vector<std::byte> content_;
+    GuardedBlock source_block_, destination_block_;
+    std::size_t n_ = 0;
+    Placement source_placement_ = before_guard;
+    std::byte* source_ = nullptr;
+};
+
+/// More bytes than the largest cache holds, on a machine whose caches are not unusually large.
+inline std::size_t bytes_beyond_caches()
+{
+    int cache = 0;
+    const bool known = orvGetMaxCacheSizeB(&cache) == orvOk && cache > 0;
+    constexpr std::size_t most = std::size_t{64} << 20;
+    return std::min(known ? static_cast<std::size_t>(cache) + (std::size_t{1} << 20) : most, most);
+}
+
+} // namespace orvtest
