@@ -201,18 +201,12 @@ OrvStatus orvsAdd_32f(const Orv32f* src1, const Orv32f* src2, Orv32f* dst, int l
 {
     return add_floats(src1, src2, dst, len);
 }
-OrvStatus orvsAdd_32f_I(const Orv32f* src, Orv32f* srcDst, int len)
-{
-    return orvsAdd_32f(src, srcDst, srcDst, len);
-}
+OrvStatus orvsAdd_32f_I(const Orv32f* src, Orv32f* srcDst, int len) { return orvsAdd_32f(src, srcDst, srcDst, len); }
 OrvStatus orvsAdd_64f(const Orv64f* src1, const Orv64f* src2, Orv64f* dst, int len)
 {
     return add_floats(src1, src2, dst, len);
 }
-OrvStatus orvsAdd_64f_I(const Orv64f* src, Orv64f* srcDst, int len)
-{
-    return orvsAdd_64f(src, srcDst, srcDst, len);
-}
+OrvStatus orvsAdd_64f_I(const Orv64f* src, Orv64f* srcDst, int len) { return orvsAdd_64f(src, srcDst, srcDst, len); }
 OrvStatus orvsAdd_32fc(const Orv32fc* src1, const Orv32fc* src2, Orv32fc* dst, int len)
 {
     return by_parts(orvsAdd_32f, src1, src2, dst, len);

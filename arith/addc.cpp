@@ -45,10 +45,7 @@ OrvStatus orvsAddC_16s_ISfs(Orv16s val, Orv16s* srcDst, int len, int scale)
 {
     return orvsAddC_16s_Sfs(srcDst, val, srcDst, len, scale);
 }
-OrvStatus orvsAddC_16s_I(Orv16s val, Orv16s* srcDst, int len)
-{
-    return orvsAddC_16s_Sfs(srcDst, val, srcDst, len, 0);
-}
+OrvStatus orvsAddC_16s_I(Orv16s val, Orv16s* srcDst, int len) { return orvsAddC_16s_Sfs(srcDst, val, srcDst, len, 0); }
 
 // ---- 8u
 
@@ -146,8 +143,8 @@ OrvStatus orvsAddC_32sc_ISfs(Orv32sc val, Orv32sc* srcDst, int len, int scale)
 
 // ---- 64s, 64u: every rounding mode
 
-/// The general road. A sum has 65 bits, so one scale more than the lane has bits still leaves something: at scale 65 the
-/// tie of the most negative sum, or a quotient that rounds to 1 without a sign.
+/// The general road. A sum has 65 bits, so one scale more than the lane has bits still leaves something: at scale 65
+/// the tie of the most negative sum, or a quotient that rounds to 1 without a sign.
 template <OrvRoundMode mode, class T>
 ORV_INLINE void add_rounded(const T* src, T val, T* dst, int len, int scale)
 {
@@ -207,34 +204,22 @@ OrvStatus orvsAddC_32f(const Orv32f* src, Orv32f val, Orv32f* dst, int len)
     const auto v = splat(val);
     return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x + v; }, src, dst, len);
 }
-OrvStatus orvsAddC_32f_I(Orv32f val, Orv32f* srcDst, int len)
-{
-    return orvsAddC_32f(srcDst, val, srcDst, len);
-}
+OrvStatus orvsAddC_32f_I(Orv32f val, Orv32f* srcDst, int len) { return orvsAddC_32f(srcDst, val, srcDst, len); }
 OrvStatus orvsAddC_64f(const Orv64f* src, Orv64f val, Orv64f* dst, int len)
 {
     const auto v = splat(val);
     return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x + v; }, src, dst, len);
 }
-OrvStatus orvsAddC_64f_I(Orv64f val, Orv64f* srcDst, int len)
-{
-    return orvsAddC_64f(srcDst, val, srcDst, len);
-}
+OrvStatus orvsAddC_64f_I(Orv64f val, Orv64f* srcDst, int len) { return orvsAddC_64f(srcDst, val, srcDst, len); }
 OrvStatus orvsAddC_32fc(const Orv32fc* src, Orv32fc val, Orv32fc* dst, int len)
 {
     const auto v = splat(val);
     return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x + v; }, src, dst, len);
 }
-OrvStatus orvsAddC_32fc_I(Orv32fc val, Orv32fc* srcDst, int len)
-{
-    return orvsAddC_32fc(srcDst, val, srcDst, len);
-}
+OrvStatus orvsAddC_32fc_I(Orv32fc val, Orv32fc* srcDst, int len) { return orvsAddC_32fc(srcDst, val, srcDst, len); }
 OrvStatus orvsAddC_64fc(const Orv64fc* src, Orv64fc val, Orv64fc* dst, int len)
 {
     const auto v = splat(val);
     return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x + v; }, src, dst, len);
 }
-OrvStatus orvsAddC_64fc_I(Orv64fc val, Orv64fc* srcDst, int len)
-{
-    return orvsAddC_64fc(srcDst, val, srcDst, len);
-}
+OrvStatus orvsAddC_64fc_I(Orv64fc val, Orv64fc* srcDst, int len) { return orvsAddC_64fc(srcDst, val, srcDst, len); }

@@ -47,7 +47,7 @@ struct ComplexProductSum {
     }
 };
 
-}
+} // namespace
 
 // ---- 16s
 

@@ -24,11 +24,7 @@ ORV_INLINE const part_of<C>* parts(const C* z)
 }
 
 template <class C>
-    requires std::is_class_v<C>
-ORV_INLINE vec<part_of<C>> splat(C z)
-{
-    return splat_pair(z.re, z.im);
-}
+requires std::is_class_v<C> ORV_INLINE vec<part_of<C>> splat(C z) { return splat_pair(z.re, z.im); }
 
 /// Calls run(first, count) for pieces of the 2 * len parts, each with a count that is a length again.
 template <class Run>
@@ -53,6 +49,6 @@ ORV_INLINE OrvStatus by_parts(OrvStatus (*body)(const R*, const R*, R*, int, Res
     });
 }
 
-}
+} // namespace ORV_VARIANT
 
 #endif

@@ -78,6 +78,6 @@ ORV_INLINE OrvStatus float_constant_form(Op op, const T* src, T* dst, int len)
     }
 }
 
-}
+} // namespace ORV_VARIANT
 
 #endif

@@ -161,18 +161,12 @@ OrvStatus orvsSub_32f(const Orv32f* src1, const Orv32f* src2, Orv32f* dst, int l
 {
     return sub_floats(src1, src2, dst, len);
 }
-OrvStatus orvsSub_32f_I(const Orv32f* src, Orv32f* srcDst, int len)
-{
-    return orvsSub_32f(src, srcDst, srcDst, len);
-}
+OrvStatus orvsSub_32f_I(const Orv32f* src, Orv32f* srcDst, int len) { return orvsSub_32f(src, srcDst, srcDst, len); }
 OrvStatus orvsSub_64f(const Orv64f* src1, const Orv64f* src2, Orv64f* dst, int len)
 {
     return sub_floats(src1, src2, dst, len);
 }
-OrvStatus orvsSub_64f_I(const Orv64f* src, Orv64f* srcDst, int len)
-{
-    return orvsSub_64f(src, srcDst, srcDst, len);
-}
+OrvStatus orvsSub_64f_I(const Orv64f* src, Orv64f* srcDst, int len) { return orvsSub_64f(src, srcDst, srcDst, len); }
 OrvStatus orvsSub_32fc(const Orv32fc* src1, const Orv32fc* src2, Orv32fc* dst, int len)
 {
     return by_parts(orvsSub_32f, src1, src2, dst, len);

@@ -41,10 +41,7 @@ OrvStatus orvsSubC_16s_ISfs(Orv16s val, Orv16s* srcDst, int len, int scale)
 {
     return orvsSubC_16s_Sfs(srcDst, val, srcDst, len, scale);
 }
-OrvStatus orvsSubC_16s_I(Orv16s val, Orv16s* srcDst, int len)
-{
-    return orvsSubC_16s_Sfs(srcDst, val, srcDst, len, 0);
-}
+OrvStatus orvsSubC_16s_I(Orv16s val, Orv16s* srcDst, int len) { return orvsSubC_16s_Sfs(srcDst, val, srcDst, len, 0); }
 
 // ---- SubC, other integers: the largest difference, just below 2^bits, rounds to 0 above scale = bits
 
@@ -147,37 +144,25 @@ OrvStatus orvsSubC_32f(const Orv32f* src, Orv32f val, Orv32f* dst, int len)
     const auto v = splat(val);
     return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x - v; }, src, dst, len);
 }
-OrvStatus orvsSubC_32f_I(Orv32f val, Orv32f* srcDst, int len)
-{
-    return orvsSubC_32f(srcDst, val, srcDst, len);
-}
+OrvStatus orvsSubC_32f_I(Orv32f val, Orv32f* srcDst, int len) { return orvsSubC_32f(srcDst, val, srcDst, len); }
 OrvStatus orvsSubC_64f(const Orv64f* src, Orv64f val, Orv64f* dst, int len)
 {
     const auto v = splat(val);
     return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x - v; }, src, dst, len);
 }
-OrvStatus orvsSubC_64f_I(Orv64f val, Orv64f* srcDst, int len)
-{
-    return orvsSubC_64f(srcDst, val, srcDst, len);
-}
+OrvStatus orvsSubC_64f_I(Orv64f val, Orv64f* srcDst, int len) { return orvsSubC_64f(srcDst, val, srcDst, len); }
 OrvStatus orvsSubC_32fc(const Orv32fc* src, Orv32fc val, Orv32fc* dst, int len)
 {
     const auto v = splat(val);
     return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x - v; }, src, dst, len);
 }
-OrvStatus orvsSubC_32fc_I(Orv32fc val, Orv32fc* srcDst, int len)
-{
-    return orvsSubC_32fc(srcDst, val, srcDst, len);
-}
+OrvStatus orvsSubC_32fc_I(Orv32fc val, Orv32fc* srcDst, int len) { return orvsSubC_32fc(srcDst, val, srcDst, len); }
 OrvStatus orvsSubC_64fc(const Orv64fc* src, Orv64fc val, Orv64fc* dst, int len)
 {
     const auto v = splat(val);
     return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x - v; }, src, dst, len);
 }
-OrvStatus orvsSubC_64fc_I(Orv64fc val, Orv64fc* srcDst, int len)
-{
-    return orvsSubC_64fc(srcDst, val, srcDst, len);
-}
+OrvStatus orvsSubC_64fc_I(Orv64fc val, Orv64fc* srcDst, int len) { return orvsSubC_64fc(srcDst, val, srcDst, len); }
 
 // ---- SubCRev, floating point
 
@@ -186,19 +171,13 @@ OrvStatus orvsSubCRev_32f(const Orv32f* src, Orv32f val, Orv32f* dst, int len)
     const auto v = splat(val);
     return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return v - x; }, src, dst, len);
 }
-OrvStatus orvsSubCRev_32f_I(Orv32f val, Orv32f* srcDst, int len)
-{
-    return orvsSubCRev_32f(srcDst, val, srcDst, len);
-}
+OrvStatus orvsSubCRev_32f_I(Orv32f val, Orv32f* srcDst, int len) { return orvsSubCRev_32f(srcDst, val, srcDst, len); }
 OrvStatus orvsSubCRev_64f(const Orv64f* src, Orv64f val, Orv64f* dst, int len)
 {
     const auto v = splat(val);
     return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return v - x; }, src, dst, len);
 }
-OrvStatus orvsSubCRev_64f_I(Orv64f val, Orv64f* srcDst, int len)
-{
-    return orvsSubCRev_64f(srcDst, val, srcDst, len);
-}
+OrvStatus orvsSubCRev_64f_I(Orv64f val, Orv64f* srcDst, int len) { return orvsSubCRev_64f(srcDst, val, srcDst, len); }
 OrvStatus orvsSubCRev_32fc(const Orv32fc* src, Orv32fc val, Orv32fc* dst, int len)
 {
     const auto v = splat(val);

@@ -38,6 +38,6 @@ struct Difference {
     }
 };
 
-}
+} // namespace ORV_VARIANT
 
 #endif

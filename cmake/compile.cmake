@@ -20,7 +20,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
     string(APPEND CMAKE_ASM_FLAGS " -Wno-unused-command-line-argument") # of the C++ options, for the entries
 endif()
 
+# Release is what all presets build. Sanitized code gets fewer optimisations, which keeps the time of compilation bearable.
+set(CMAKE_CXX_FLAGS_RELEASE "-O2")
+set(CMAKE_C_FLAGS_RELEASE "-O2")
 if(ORV_SANITIZE)
+    set(CMAKE_CXX_FLAGS_RELEASE "-O1 -g1")
     set(ORV_SANITIZE_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_compile_options(${ORV_SANITIZE_FLAGS})
     add_link_options(${ORV_SANITIZE_FLAGS})
@@ -38,7 +42,7 @@ endif()
 # What a library without a C++ runtime needs: no exceptions, no type information, no guards, no stack canaries.
 add_library(orv_freestanding INTERFACE)
 target_compile_options(orv_freestanding INTERFACE
-    -O2 -fvisibility=hidden -fno-stack-protector -fcf-protection=none
+    -fvisibility=hidden -fno-stack-protector -fcf-protection=none
     $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti -fno-threadsafe-statics>)
 
 # Callers of 32-bit code may come with a stack that is aligned to 4 bytes only.

@@ -11,18 +11,20 @@ constexpr Orv32s KiB = 1024;
 
 /// Largest first, so that the first match is the outermost cache.
 constexpr CacheDescriptor known_caches[] = {
-    {0xec, 24576 * KiB}, {0xeb, 18432 * KiB}, {0x4d, 16384 * KiB}, {0xea, 12288 * KiB}, {0x4c, 12288 * KiB},
-    {0xe4, 8192 * KiB},  {0xde, 8192 * KiB},  {0x4b, 8192 * KiB},  {0x47, 8192 * KiB},  {0x4e, 6144 * KiB},
-    {0x4a, 6144 * KiB},  {0xe3, 4096 * KiB},  {0xdd, 4096 * KiB},  {0xd8, 4096 * KiB},  {0x49, 4096 * KiB},
-    {0x29, 4096 * KiB},  {0x46, 4096 * KiB},  {0x48, 3072 * KiB},  {0xe2, 2048 * KiB},  {0xdc, 2048 * KiB},
-    {0xd7, 2048 * KiB},  {0xd2, 2048 * KiB},  {0x25, 2048 * KiB},  {0x7d, 2048 * KiB},  {0x85, 2048 * KiB},
-    {0x45, 2048 * KiB},  {0xd6, 1024 * KiB},  {0xd1, 1024 * KiB},  {0x23, 1024 * KiB},  {0x87, 1024 * KiB},
-    {0x7c, 1024 * KiB},  {0x78, 1024 * KiB},  {0x84, 1024 * KiB},  {0x44, 1024 * KiB},  {0xd0, 512 * KiB},
-    {0x22, 512 * KiB},   {0x7b, 512 * KiB},   {0x80, 512 * KiB},   {0x86, 512 * KiB},   {0x3e, 512 * KiB},
+    {0xec, 24576 * KiB}, {0xeb, 18432 * KiB}, {0x4d, 16384 * KiB}, {0xea, 12288 * KiB},
+    {0x4c, 12288 * KiB}, {0xe4, 8192 * KiB},  {0xde, 8192 * KiB},  {0x4b, 8192 * KiB},
+    {0x47, 8192 * KiB},  {0x4e, 6144 * KiB},  {0x4a, 6144 * KiB},  {0xe3, 4096 * KiB},
+    {0xdd, 4096 * KiB},  {0xd8, 4096 * KiB},  {0x49, 4096 * KiB},  {0x29, 4096 * KiB},
+    {0x46, 4096 * KiB},  {0x48, 3072 * KiB},  {0xe2, 2048 * KiB},  {0xdc, 2048 * KiB},
+    {0xd7, 2048 * KiB},  {0xd2, 2048 * KiB},  {0x25, 2048 * KiB},  {0x7d, 2048 * KiB},
+    {0x85, 2048 * KiB},  {0x45, 2048 * KiB},  {0xd6, 1024 * KiB},  {0xd1, 1024 * KiB},
+    {0x23, 1024 * KiB},  {0x87, 1024 * KiB},  {0x7c, 1024 * KiB},  {0x78, 1024 * KiB},
+    {0x84, 1024 * KiB},  {0x44, 1024 * KiB},  {0xd0, 512 * KiB},   {0x22, 512 * KiB},
+    {0x7b, 512 * KiB},   {0x80, 512 * KiB},   {0x86, 512 * KiB},   {0x3e, 512 * KiB},
     {0x7f, 512 * KiB},   {0x83, 512 * KiB},   {0x43, 512 * KiB},   {0, 0},
 };
 
-}
+} // namespace
 
 Orv32s ORV_VARIANT::described_cache_size(const CacheDescriptor* table, const Orv32u words[4])
 {

@@ -21,6 +21,6 @@ Orv32s described_cache_size(const CacheDescriptor* table, const Orv32u words[4])
 /// The size of the largest cache by the table of known descriptors, where the processor is of a vendor that uses them.
 Orv32s described_cache_size();
 
-}
+} // namespace ORV_VARIANT
 
 #endif

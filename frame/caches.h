@@ -22,11 +22,8 @@ inline bool beyond_caches(std::size_t bytes)
 
 /// Should the results of work that touches so many bytes go past the caches? From half the largest cache on: it is
 /// shared with others, and with the sources and the destination in it little of the caller's own data would stay.
-inline bool worth_bypassing(std::size_t touched)
-{
-    return touched > bypass_minimum && beyond_caches(2 * touched);
-}
+inline bool worth_bypassing(std::size_t touched) { return touched > bypass_minimum && beyond_caches(2 * touched); }
 
-}
+} // namespace ORV_VARIANT
 
 #endif

@@ -27,6 +27,6 @@ template <class... T>
     return orvOk;
 }
 
-}
+} // namespace ORV_VARIANT
 
 #endif

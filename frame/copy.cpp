@@ -72,7 +72,7 @@ ORV_INLINE void copy_backward(const Orv8u* s, Orv8u* d, std::size_t n)
     store(d, first);
 }
 
-}
+} // namespace
 
 // ---- Services
 
@@ -106,7 +106,7 @@ Orv8u* ownsMove_8u(const Orv8u* src, Orv8u* dst, std::size_t bytes)
 {
     const std::size_t distance = reinterpret_cast<std::size_t>(dst) - reinterpret_cast<std::size_t>(src);
     if (bytes <= 128) copy_short(src, dst, bytes);
-    else if (distance < bytes) copy_backward(src, dst, bytes); // dst begins within src
+    else if (distance < bytes) copy_backward(src, dst, bytes);                               // dst begins within src
     else if (distance > std::size_t(0) - bytes) copy_forward(src, dst, bytes, PlainStore{}); // src begins within dst
     else ownsCopy_8u(src, dst, bytes);
     return dst;
@@ -122,50 +122,17 @@ ORV_INLINE OrvStatus copy_checked(const T* src, T* dst, int len)
     return orvOk;
 }
 
-OrvStatus orvsCopy_8u(const Orv8u* src, Orv8u* dst, int len)
-{
-    return copy_checked(src, dst, len);
-}
-OrvStatus orvsCopy_16s(const Orv16s* src, Orv16s* dst, int len)
-{
-    return copy_checked(src, dst, len);
-}
-OrvStatus orvsCopy_16sc(const Orv16sc* src, Orv16sc* dst, int len)
-{
-    return copy_checked(src, dst, len);
-}
-OrvStatus orvsCopy_32s(const Orv32s* src, Orv32s* dst, int len)
-{
-    return copy_checked(src, dst, len);
-}
-OrvStatus orvsCopy_32sc(const Orv32sc* src, Orv32sc* dst, int len)
-{
-    return copy_checked(src, dst, len);
-}
-OrvStatus orvsCopy_32f(const Orv32f* src, Orv32f* dst, int len)
-{
-    return copy_checked(src, dst, len);
-}
-OrvStatus orvsCopy_32fc(const Orv32fc* src, Orv32fc* dst, int len)
-{
-    return copy_checked(src, dst, len);
-}
-OrvStatus orvsCopy_64s(const Orv64s* src, Orv64s* dst, int len)
-{
-    return copy_checked(src, dst, len);
-}
-OrvStatus orvsCopy_64sc(const Orv64sc* src, Orv64sc* dst, int len)
-{
-    return copy_checked(src, dst, len);
-}
-OrvStatus orvsCopy_64f(const Orv64f* src, Orv64f* dst, int len)
-{
-    return copy_checked(src, dst, len);
-}
-OrvStatus orvsCopy_64fc(const Orv64fc* src, Orv64fc* dst, int len)
-{
-    return copy_checked(src, dst, len);
-}
+OrvStatus orvsCopy_8u(const Orv8u* src, Orv8u* dst, int len) { return copy_checked(src, dst, len); }
+OrvStatus orvsCopy_16s(const Orv16s* src, Orv16s* dst, int len) { return copy_checked(src, dst, len); }
+OrvStatus orvsCopy_16sc(const Orv16sc* src, Orv16sc* dst, int len) { return copy_checked(src, dst, len); }
+OrvStatus orvsCopy_32s(const Orv32s* src, Orv32s* dst, int len) { return copy_checked(src, dst, len); }
+OrvStatus orvsCopy_32sc(const Orv32sc* src, Orv32sc* dst, int len) { return copy_checked(src, dst, len); }
+OrvStatus orvsCopy_32f(const Orv32f* src, Orv32f* dst, int len) { return copy_checked(src, dst, len); }
+OrvStatus orvsCopy_32fc(const Orv32fc* src, Orv32fc* dst, int len) { return copy_checked(src, dst, len); }
+OrvStatus orvsCopy_64s(const Orv64s* src, Orv64s* dst, int len) { return copy_checked(src, dst, len); }
+OrvStatus orvsCopy_64sc(const Orv64sc* src, Orv64sc* dst, int len) { return copy_checked(src, dst, len); }
+OrvStatus orvsCopy_64f(const Orv64f* src, Orv64f* dst, int len) { return copy_checked(src, dst, len); }
+OrvStatus orvsCopy_64fc(const Orv64fc* src, Orv64fc* dst, int len) { return copy_checked(src, dst, len); }
 
 // ---- Move
 
@@ -177,47 +144,14 @@ ORV_INLINE OrvStatus move_checked(const T* src, T* dst, int len)
     return orvOk;
 }
 
-OrvStatus orvsMove_8u(const Orv8u* src, Orv8u* dst, int len)
-{
-    return move_checked(src, dst, len);
-}
-OrvStatus orvsMove_16s(const Orv16s* src, Orv16s* dst, int len)
-{
-    return move_checked(src, dst, len);
-}
-OrvStatus orvsMove_16sc(const Orv16sc* src, Orv16sc* dst, int len)
-{
-    return move_checked(src, dst, len);
-}
-OrvStatus orvsMove_32s(const Orv32s* src, Orv32s* dst, int len)
-{
-    return move_checked(src, dst, len);
-}
-OrvStatus orvsMove_32sc(const Orv32sc* src, Orv32sc* dst, int len)
-{
-    return move_checked(src, dst, len);
-}
-OrvStatus orvsMove_32f(const Orv32f* src, Orv32f* dst, int len)
-{
-    return move_checked(src, dst, len);
-}
-OrvStatus orvsMove_32fc(const Orv32fc* src, Orv32fc* dst, int len)
-{
-    return move_checked(src, dst, len);
-}
-OrvStatus orvsMove_64s(const Orv64s* src, Orv64s* dst, int len)
-{
-    return move_checked(src, dst, len);
-}
-OrvStatus orvsMove_64sc(const Orv64sc* src, Orv64sc* dst, int len)
-{
-    return move_checked(src, dst, len);
-}
-OrvStatus orvsMove_64f(const Orv64f* src, Orv64f* dst, int len)
-{
-    return move_checked(src, dst, len);
-}
-OrvStatus orvsMove_64fc(const Orv64fc* src, Orv64fc* dst, int len)
-{
-    return move_checked(src, dst, len);
-}
+OrvStatus orvsMove_8u(const Orv8u* src, Orv8u* dst, int len) { return move_checked(src, dst, len); }
+OrvStatus orvsMove_16s(const Orv16s* src, Orv16s* dst, int len) { return move_checked(src, dst, len); }
+OrvStatus orvsMove_16sc(const Orv16sc* src, Orv16sc* dst, int len) { return move_checked(src, dst, len); }
+OrvStatus orvsMove_32s(const Orv32s* src, Orv32s* dst, int len) { return move_checked(src, dst, len); }
+OrvStatus orvsMove_32sc(const Orv32sc* src, Orv32sc* dst, int len) { return move_checked(src, dst, len); }
+OrvStatus orvsMove_32f(const Orv32f* src, Orv32f* dst, int len) { return move_checked(src, dst, len); }
+OrvStatus orvsMove_32fc(const Orv32fc* src, Orv32fc* dst, int len) { return move_checked(src, dst, len); }
+OrvStatus orvsMove_64s(const Orv64s* src, Orv64s* dst, int len) { return move_checked(src, dst, len); }
+OrvStatus orvsMove_64sc(const Orv64sc* src, Orv64sc* dst, int len) { return move_checked(src, dst, len); }
+OrvStatus orvsMove_64f(const Orv64f* src, Orv64f* dst, int len) { return move_checked(src, dst, len); }
+OrvStatus orvsMove_64fc(const Orv64fc* src, Orv64fc* dst, int len) { return move_checked(src, dst, len); }

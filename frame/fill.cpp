@@ -91,18 +91,12 @@ ORV_INLINE Orv8u* bytes(T* p)
     return reinterpret_cast<Orv8u*>(p);
 }
 
-}
+} // namespace
 
 // ---- Services
 
-ORV_KERNEL void ownsZero_8u_G9(Orv8u* dst, std::size_t bytes)
-{
-    fill<1>(dst, bytes, splat(Orv8u(0)));
-}
-ORV_KERNEL void ownsSet_8u_G9(Orv8u val, Orv8u* dst, std::size_t len)
-{
-    fill<1>(dst, len, splat(val));
-}
+ORV_KERNEL void ownsZero_8u_G9(Orv8u* dst, std::size_t bytes) { fill<1>(dst, bytes, splat(Orv8u(0))); }
+ORV_KERNEL void ownsSet_8u_G9(Orv8u val, Orv8u* dst, std::size_t len) { fill<1>(dst, len, splat(val)); }
 
 Orv8u* ownsZero_8u(Orv8u* dst, std::size_t bytes)
 {
@@ -152,50 +146,17 @@ ORV_INLINE OrvStatus zero_checked(T* dst, int len)
     return zero(dst, len);
 }
 
-OrvStatus orvsZero_8u(Orv8u* dst, int len)
-{
-    return zero_checked(dst, len);
-}
-OrvStatus orvsZero_16s(Orv16s* dst, int len)
-{
-    return zero_checked(dst, len);
-}
-OrvStatus orvsZero_16sc(Orv16sc* dst, int len)
-{
-    return zero_checked(dst, len);
-}
-OrvStatus orvsZero_32s(Orv32s* dst, int len)
-{
-    return zero_checked(dst, len);
-}
-OrvStatus orvsZero_32sc(Orv32sc* dst, int len)
-{
-    return zero_checked(dst, len);
-}
-OrvStatus orvsZero_32f(Orv32f* dst, int len)
-{
-    return zero_checked(dst, len);
-}
-OrvStatus orvsZero_32fc(Orv32fc* dst, int len)
-{
-    return zero_checked(dst, len);
-}
-OrvStatus orvsZero_64s(Orv64s* dst, int len)
-{
-    return zero_checked(dst, len);
-}
-OrvStatus orvsZero_64sc(Orv64sc* dst, int len)
-{
-    return zero_checked(dst, len);
-}
-OrvStatus orvsZero_64f(Orv64f* dst, int len)
-{
-    return zero_checked(dst, len);
-}
-OrvStatus orvsZero_64fc(Orv64fc* dst, int len)
-{
-    return zero_checked(dst, len);
-}
+OrvStatus orvsZero_8u(Orv8u* dst, int len) { return zero_checked(dst, len); }
+OrvStatus orvsZero_16s(Orv16s* dst, int len) { return zero_checked(dst, len); }
+OrvStatus orvsZero_16sc(Orv16sc* dst, int len) { return zero_checked(dst, len); }
+OrvStatus orvsZero_32s(Orv32s* dst, int len) { return zero_checked(dst, len); }
+OrvStatus orvsZero_32sc(Orv32sc* dst, int len) { return zero_checked(dst, len); }
+OrvStatus orvsZero_32f(Orv32f* dst, int len) { return zero_checked(dst, len); }
+OrvStatus orvsZero_32fc(Orv32fc* dst, int len) { return zero_checked(dst, len); }
+OrvStatus orvsZero_64s(Orv64s* dst, int len) { return zero_checked(dst, len); }
+OrvStatus orvsZero_64sc(Orv64sc* dst, int len) { return zero_checked(dst, len); }
+OrvStatus orvsZero_64f(Orv64f* dst, int len) { return zero_checked(dst, len); }
+OrvStatus orvsZero_64fc(Orv64fc* dst, int len) { return zero_checked(dst, len); }
 
 // ---- Set: each type through the kernel of its element size
 

@@ -7,7 +7,7 @@
 #include "frame/checks.h"
 
 // Each returns the start of the destination, but ownsSet_64s, which returns its end.
-ORV_SERVICE(Orv8u*, ownsZero_8u, (Orv8u* dst, std::size_t bytes))
+ORV_SERVICE(Orv8u*, ownsZero_8u, (Orv8u * dst, std::size_t bytes))
 ORV_SERVICE(Orv8u*, ownsSet_8u, (Orv8u val, Orv8u* dst, std::size_t len))
 ORV_SERVICE(Orv16u*, ownsSet_16u, (Orv16u val, Orv16u* dst, std::size_t len))
 ORV_SERVICE(Orv32s*, ownsSet_32s, (Orv32s val, Orv32s* dst, std::size_t len))
@@ -26,6 +26,6 @@ inline OrvStatus zero(T* dst, int len)
     return orvOk;
 }
 
-}
+} // namespace ORV_VARIANT
 
 #endif

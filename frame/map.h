@@ -86,6 +86,6 @@ ORV_INLINE void map(Op op, D* d, int n, const S*... s)
     }
 }
 
-}
+} // namespace ORV_VARIANT
 
 #endif

@@ -1,14 +1,14 @@
 // The law of scale factors, once for all integer families.
 //
-// A form with a scale factor delivers x * 2^-scale for the exact result x of its operation: rounded to nearest with ties
-// to even, saturated last. An operation that follows the law gives two things on vectors of operands:
+// A form with a scale factor delivers x * 2^-scale for the exact result x of its operation: rounded to nearest with
+// ties to even, saturated last. An operation that follows the law gives two things on vectors of operands:
 //
 //     saturated(a, b, ...)    x, stopped at the limits of the type
 //     exact(a, b, ...)        x itself, in one of the forms below
 //
-// and the roads follow: scale = 0 is saturated; scale > 0 rounds exact; scale < 0 shifts saturated to the left, which is
-// right because a value that has met a limit stays at it; far below zero only the sign counts, and far above zero the
-// quotient is 0 for every operand.
+// and the roads follow: scale = 0 is saturated; scale > 0 rounds exact; scale < 0 shifts saturated to the left, which
+// is right because a value that has met a limit stays at it; far below zero only the sign counts, and far above zero
+// the quotient is 0 for every operand.
 #ifndef ORV_FRAME_SCALE_H
 #define ORV_FRAME_SCALE_H
 
@@ -51,8 +51,8 @@ ORV_INLINE half_odd<T> exact_lane(vec<T> x)
     return {shift_right(x, by(1)), x, x};
 }
 
-/// The exact value less its lowest bit, which is kept as a trace: rounding it with one scale less gives the same, as long
-/// as that scale is 2 at least.
+/// The exact value less its lowest bit, which is kept as a trace: rounding it with one scale less gives the same, as
+/// long as that scale is 2 at least.
 template <class T>
 ORV_INLINE half_odd<T> with_trace(half_odd<T> x)
 {
@@ -83,13 +83,15 @@ struct rounding<Orv16s> {
     vec<Orv16s> low_bits, low_tie; // the bits that fall off, and what they are in a tie
 
     explicit rounding(int scale)
-        : factor(splat(Orv16s(1 << (16 - scale)))), low_bits(splat(Orv16s((1 << scale) - 1))),
+        : factor(splat(Orv16s(1 << (16 - scale)))),
+          low_bits(splat(Orv16s((1 << scale) - 1))),
           low_tie(splat(Orv16s(1 << (scale - 1))))
     {}
 };
 
 /// The quotient is rounded up where this carries out of the fraction; adding to the fraction alone cannot overflow.
-///   to nearest: the fraction is more than one half, or is one half and the tie goes up: to an even quotient, or, in the
+///   to nearest: the fraction is more than one half, or is one half and the tie goes up: to an even quotient, or, in
+///   the
 ///               financial mode, away from zero;
 ///   toward zero: the value is negative and there is a fraction at all.
 template <OrvRoundMode mode = orvRndNear, class T>
@@ -115,8 +117,8 @@ ORV_INLINE vec<T> round_shift(half_odd<T> x, const rounding<T>& c)
     }
 }
 
-/// To nearest in 16-bit lanes, where an instruction multiplies by 2^-shift and rounds halves up: only the ties that came
-/// out odd are left to correct.
+/// To nearest in 16-bit lanes, where an instruction multiplies by 2^-shift and rounds halves up: only the ties that
+/// came out odd are left to correct.
 ORV_INLINE vec<Orv16s> round_shift(half_odd<Orv16s> x, const rounding<Orv16s>& c)
 {
     const auto halves_up = multiply_q15(x.half, c.factor);
@@ -195,8 +197,8 @@ ORV_INLINE void map_bound(Op op, D* d, int n, const S*... s)
     map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return sign_limit(op.saturated(x...)); }, d, n, s...);
 }
 
-/// All roads for lanes whose exact value is a half_odd of the destination's type. The caller has filled with zeros above
-/// the largest scale that needs a look: bits of the lane, or one more for a sum of unsigned values.
+/// All roads for lanes whose exact value is a half_odd of the destination's type. The caller has filled with zeros
+/// above the largest scale that needs a look: bits of the lane, or one more for a sum of unsigned values.
 template <int unit = 1, class Op, class D, class... S>
 ORV_INLINE void map_scaled(Op op, D* d, int n, int scale, const S*... s)
 {
@@ -206,8 +208,7 @@ ORV_INLINE void map_scaled(Op op, D* d, int n, int scale, const S*... s)
         map_halved<unit>(op, d, n, s...);
     } else if (std::is_unsigned_v<D> && scale > bits_of<D>) {
         const rounding<D> c(scale - 1);
-        map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return round_shift(with_trace(op.exact(x...)), c); }, d,
-                  n, s...);
+        map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return round_shift(with_trace(op.exact(x...)), c); }, d, n, s...);
     } else if (scale > 0) {
         map_rounded<unit>(op, d, n, scale, s...);
     } else if (scale > -bits_of<D>) {
@@ -217,6 +218,6 @@ ORV_INLINE void map_scaled(Op op, D* d, int n, int scale, const S*... s)
     }
 }
 
-}
+} // namespace ORV_VARIANT
 
 #endif

@@ -65,8 +65,8 @@ struct Region {
 /// How many threads a wrapper asks for: at most two in the element-wise families.
 enum class TeamSize { two, all };
 
-/// Runs kernel(first, count) over the slices of [0, len) and returns non-zero if any slice did. Without a team to be had
-/// (one thread wanted, or a vector shorter than the team) the kernel runs once, here, over all.
+/// Runs kernel(first, count) over the slices of [0, len) and returns non-zero if any slice did. Without a team to be
+/// had (one thread wanted, or a vector shorter than the team) the kernel runs once, here, over all.
 template <class Kernel>
 [[gnu::noinline]] int on_team(TeamSize size, int len, const Kernel& kernel)
 {
@@ -89,6 +89,6 @@ template <class Kernel>
     return region.warnings;
 }
 
-}
+} // namespace ORV_VARIANT
 
 #endif

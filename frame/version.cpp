@@ -17,7 +17,4 @@ static constexpr OrvLibraryVersion s_libVer = {
     .buildDate = "Jul  7 2014",
 };
 
-const OrvLibraryVersion* orvsGetLibVersion()
-{
-    return &s_libVer;
-}
+const OrvLibraryVersion* orvsGetLibVersion() { return &s_libVer; }

@@ -61,10 +61,7 @@ ORV_INLINE vec<T> sub_sat(vec<T> a, vec<T> b)
 }
 
 /// Wide lanes back in narrow ones.
-ORV_INLINE vec<Orv16s> pack_sat(split<Orv32s> w)
-{
-    return {_mm256_packs_epi32(w.low.r, w.high.r)};
-}
+ORV_INLINE vec<Orv16s> pack_sat(split<Orv32s> w) { return {_mm256_packs_epi32(w.low.r, w.high.r)}; }
 ORV_INLINE vec<Orv32s> pack_sat(even_odd<Orv64s> w)
 {
     const auto clamp = [](vec<Orv64s> v) {
@@ -101,6 +98,6 @@ ORV_INLINE vec<T> sign_limit(vec<T> v)
     }
 }
 
-}
+} // namespace ORV_VARIANT
 
 #endif

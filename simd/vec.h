@@ -39,7 +39,7 @@ template <class T, int lanes = 32 / int(sizeof(T))>
 struct vec {
     static constexpr int N = lanes;
     using lane = T;
-    using reg = typename reg_of<T, lanes * int(sizeof(T))>::type;
+    using reg = typename reg_of<T, lanes* int(sizeof(T))>::type;
     reg r;
 };
 
@@ -66,8 +66,7 @@ ORV_INLINE vec<U> as(vec<T> v)
 // ---- Loads and stores: any alignment
 
 template <class T>
-    requires std::is_arithmetic_v<T>
-ORV_INLINE vec<T> splat(T x)
+requires std::is_arithmetic_v<T> ORV_INLINE vec<T> splat(T x)
 {
     if constexpr (std::is_same_v<T, Orv32f>) {
         return {_mm256_set1_ps(x)};
@@ -92,8 +91,8 @@ ORV_INLINE vec<T> splat_pair(T re, T im)
         T re, im;
     } pair = {re, im};
     if constexpr (sizeof(T) == 8) {
-        return {reinterpret_cast<typename vec<T>::reg>(_mm256_broadcastsi128_si256(
-            _mm_loadu_si128(reinterpret_cast<const __m128i*>(&pair))))};
+        return {reinterpret_cast<typename vec<T>::reg>(
+            _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(&pair))))};
     } else {
         using Word = std::conditional_t<sizeof(T) == 4, Orv64s, Orv32s>;
         Word word;
@@ -126,10 +125,7 @@ ORV_INLINE void stream(T* p, vec<T> v)
     _mm256_stream_si256(reinterpret_cast<__m256i*>(p), reinterpret_cast<__m256i>(v.r));
 }
 
-ORV_INLINE void store_fence()
-{
-    _mm_sfence();
-}
+ORV_INLINE void store_fence() { _mm_sfence(); }
 
 /// A piece of memory as a value, at any alignment.
 template <class Word>
@@ -147,8 +143,8 @@ ORV_INLINE void poke(char* p, Word w)
 
 /// The n elements at p, 0 < n < N, and nothing around them. Their order in the lanes serves element-wise work only, and
 /// store_n undoes it: the largest power of two of elements that fits is taken twice, from the front and from the back,
-/// and the other lanes repeat them. So no lane holds a value that is not in the array. For equal N the order is the same
-/// in all types.
+/// and the other lanes repeat them. So no lane holds a value that is not in the array. For equal N the order is the
+/// same in all types.
 template <class T, int N = vec<T>::N>
 ORV_INLINE vec<T, N> load_n(const T* elements, int n)
 {
@@ -289,14 +285,8 @@ ORV_INLINE vec<T> and_not(vec<T> a, vec<T> b)
     return {_mm256_andnot_si256(a.r, b.r)};
 }
 
-ORV_INLINE vec<Orv32f> fma(vec<Orv32f> a, vec<Orv32f> b, vec<Orv32f> c)
-{
-    return {_mm256_fmadd_ps(a.r, b.r, c.r)};
-}
-ORV_INLINE vec<Orv64f> fma(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f> c)
-{
-    return {_mm256_fmadd_pd(a.r, b.r, c.r)};
-}
+ORV_INLINE vec<Orv32f> fma(vec<Orv32f> a, vec<Orv32f> b, vec<Orv32f> c) { return {_mm256_fmadd_ps(a.r, b.r, c.r)}; }
+ORV_INLINE vec<Orv64f> fma(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f> c) { return {_mm256_fmadd_pd(a.r, b.r, c.r)}; }
 
 // ---- Pairs of lanes: complex numbers as (re, im)
 
@@ -383,12 +373,12 @@ template <class T>
 ORV_INLINE vec<T> blend_by_sign(vec<T> mask, vec<T> a, vec<T> b)
 {
     if constexpr (sizeof(T) == 4) {
-        return {_mm256_castps_si256(_mm256_blendv_ps(_mm256_castsi256_ps(b.r), _mm256_castsi256_ps(a.r),
-                                                     _mm256_castsi256_ps(mask.r)))};
+        return {_mm256_castps_si256(
+            _mm256_blendv_ps(_mm256_castsi256_ps(b.r), _mm256_castsi256_ps(a.r), _mm256_castsi256_ps(mask.r)))};
     } else {
         static_assert(sizeof(T) == 8);
-        return {_mm256_castpd_si256(_mm256_blendv_pd(_mm256_castsi256_pd(b.r), _mm256_castsi256_pd(a.r),
-                                                     _mm256_castsi256_pd(mask.r)))};
+        return {_mm256_castpd_si256(
+            _mm256_blendv_pd(_mm256_castsi256_pd(b.r), _mm256_castsi256_pd(a.r), _mm256_castsi256_pd(mask.r)))};
     }
 }
 
@@ -397,16 +387,10 @@ ORV_INLINE vec<T> blend_by_sign(vec<T> mask, vec<T> a, vec<T> b)
 struct shift_count {
     __m128i r;
 };
-ORV_INLINE shift_count by(int count)
-{
-    return {_mm_cvtsi32_si128(count)};
-}
+ORV_INLINE shift_count by(int count) { return {_mm_cvtsi32_si128(count)}; }
 
 /// Byte 0 in every byte: what a shift of 16-bit lanes may keep of each 8-bit lane.
-ORV_INLINE __m256i byte_mask(__m256i v)
-{
-    return _mm256_shuffle_epi8(v, _mm256_setzero_si256());
-}
+ORV_INLINE __m256i byte_mask(__m256i v) { return _mm256_shuffle_epi8(v, _mm256_setzero_si256()); }
 
 template <class T>
 ORV_INLINE vec<T> shift_left(vec<T> v, shift_count n)
@@ -473,10 +457,7 @@ ORV_INLINE auto widen(vec<T, N> v)
     }
 }
 
-ORV_INLINE vec<Orv32f> to_float(vec<Orv32s> v)
-{
-    return {_mm256_cvtepi32_ps(v.r)};
-}
+ORV_INLINE vec<Orv32f> to_float(vec<Orv32s> v) { return {_mm256_cvtepi32_ps(v.r)}; }
 
 /// Two vectors of wide lanes for one of narrow lanes. The instructions that unpack and pack work within each half of a
 /// register; low and high hold what they give, so that an unpack and a pack cancel.
@@ -493,10 +474,7 @@ struct even_odd {
 };
 
 /// a * b * 2^-15 to nearest, halves up.
-ORV_INLINE vec<Orv16s> multiply_q15(vec<Orv16s> a, vec<Orv16s> b)
-{
-    return {_mm256_mulhrs_epi16(a.r, b.r)};
-}
+ORV_INLINE vec<Orv16s> multiply_q15(vec<Orv16s> a, vec<Orv16s> b) { return {_mm256_mulhrs_epi16(a.r, b.r)}; }
 
 /// a * b of eight 16-bit values.
 ORV_INLINE vec<Orv32s> multiply_wide(vec<Orv16s, 8> a, vec<Orv16s, 8> b)
@@ -533,6 +511,6 @@ ORV_INLINE vec<T> sign_mask(vec<T> v)
     }
 }
 
-}
+} // namespace ORV_VARIANT
 
 #endif

@@ -21,7 +21,7 @@ struct NonTemporal {
 
 /// Aligned stores, but for the first vector and the last, which may overlap with their neighbours: the values do not
 /// matter. Each vector is stored before the next is loaded: loads in a bunch, then stores, take longer.
-template <class Store, int vectors, int sources>
+template <class Store, std::size_t vectors, int sources>
 void write(const Streams& streams)
 {
     const char *a = streams.source[0], *b = streams.source[1], *c = streams.source[2];
@@ -46,7 +46,7 @@ void write(const Streams& streams)
     if (i < bytes) Plain::store(d + bytes - 32, value(bytes - 32));
 }
 
-template <class Store, int vectors>
+template <class Store, std::size_t vectors>
 void write(const Streams& streams)
 {
     switch (streams.sources) {

@@ -25,17 +25,15 @@ void Row::limit(std::initializer_list<const void*> sources, void* dst, std::size
     if (dst && touched > largest_cache() / 4) add("limit_past_caches", [=] { move_streams_past_caches(streams); });
 }
 
-template <>
-void Row::limit_operations<float>(double operations)
+template <class T>
+void Row::limit_operations(double operations)
 {
-    add("limit_operations", [=] { multiply_add_32f(operations); });
+    if constexpr (std::is_same_v<T, float>) add("limit_operations", [=] { multiply_add_32f(operations); });
+    else add("limit_operations", [=] { multiply_add_64f(operations); });
 }
 
-template <>
-void Row::limit_operations<double>(double operations)
-{
-    add("limit_operations", [=] { multiply_add_64f(operations); });
-}
+template void Row::limit_operations<float>(double);
+template void Row::limit_operations<double>(double);
 
 // On a shared machine every disturbance adds time, and none takes time away, so the least of many short blocks is the
 // best estimate of what the code costs. Entries take turns block by block: a slow second of the machine then hits all
@@ -104,8 +102,10 @@ std::string size_label(int n, Unit unit)
 {
     const bool mega = n >= 1 << 20 && n % (1 << 20) == 0;
     const bool kilo = !mega && n >= 1 << 10 && n % (1 << 10) == 0;
-    const std::string number = std::to_string(mega ? n >> 20 : kilo ? n >> 10 : n);
-    return number + (mega ? "M" : kilo ? "K" : "") + (unit == Unit::bytes ? "B" : "");
+    std::string label = std::to_string(mega ? n >> 20 : kilo ? n >> 10 : n);
+    label += mega ? "M" : kilo ? "K" : "";
+    label += unit == Unit::bytes ? "B" : "";
+    return label;
 }
 
 std::vector<void (*)()>& declarations()
@@ -117,12 +117,13 @@ std::vector<void (*)()>& declarations()
 } // namespace
 
 void rows(const std::string& family, const std::string& kind, const std::vector<int>& sizes,
-          std::function<void(Row&, int n)> build, Unit unit)
+          const std::function<void(Row&, int n)>& build, Unit unit)
 {
     constexpr int longest_in_smoke = 1 << 14;
     for (const int size : sizes) {
         const int n = options.smoke() ? std::min(size, longest_in_smoke) : size;
-        const std::string name = family + "/" + kind + "/" + size_label(size, unit);
+        std::string name = family;
+        name.append("/").append(kind).append("/").append(size_label(size, unit));
         // To the framework a row is one benchmark of one iteration, whose time is that of a call of ours.
         benchmark::RegisterBenchmark(name.c_str(),
                                      [=](benchmark::State& state) {

@@ -59,7 +59,7 @@ public:
     void limit(std::initializer_list<const void*> sources, void* dst, std::size_t bytes);
 
     /// Nobody is faster than the multipliers: the time of that many floating operations, two for a multiply-add.
-    /// With both limits, the longer time counts.
+    /// With both limits, the longer time counts. T is float or double.
     template <class T>
     void limit_operations(double operations);
 
@@ -98,7 +98,7 @@ enum class Unit { elements, bytes };
 
 /// Declares one row for each size n: build puts the entries into the row when its turn comes.
 void rows(const std::string& family, const std::string& kind, const std::vector<int>& sizes,
-          std::function<void(Row&, int n)> build, Unit unit = Unit::elements);
+          const std::function<void(Row&, int n)>& build, Unit unit = Unit::elements);
 
 /// A file's rows: constructed before main, which calls declare once it has read the command line.
 class Rows {

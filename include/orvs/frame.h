@@ -37,6 +37,7 @@ ORVAPI(const OrvLibraryVersion*, orvsGetLibVersion, (void))
  * @{ */
 ORVAPI(Orv8u*, orvsMalloc_8u, (int len))
 ORVAPI(Orv8s*, orvsMalloc_8s, (int len))
+ORVAPI(Orv8sc*, orvsMalloc_8sc, (int len))
 ORVAPI(Orv16u*, orvsMalloc_16u, (int len))
 ORVAPI(Orv16s*, orvsMalloc_16s, (int len))
 ORVAPI(Orv16sc*, orvsMalloc_16sc, (int len))
@@ -49,7 +50,6 @@ ORVAPI(Orv32f*, orvsMalloc_32f, (int len))
 ORVAPI(Orv32fc*, orvsMalloc_32fc, (int len))
 ORVAPI(Orv64f*, orvsMalloc_64f, (int len))
 ORVAPI(Orv64fc*, orvsMalloc_64fc, (int len))
-ORVAPI(Orv8sc*, orvsMalloc_8sc, (int len))
 /** @} */
 
 /** Releases what an orvsMalloc form returned, and nothing else. Null is accepted and does nothing. Any thread. */

@@ -2,16 +2,12 @@
 #include "orvs/arith.h"
 
 #include "tests/arith/caller_state.h"
+#include "tests/arith/endless.h"
 #include "tests/arith/family.h"
 #include "tests/arith/large.h"
 
 #include <gtest/gtest.h>
 #include <thread>
-
-#if defined(__x86_64__)
-#include <sys/mman.h>
-#include <unistd.h>
-#endif
 
 namespace orvtest {
 namespace {
@@ -290,19 +286,19 @@ TEST(Add, of_all_pairs_of_8u)
 }
 TEST(Add, of_critical_pairs_of_16s)
 {
-    const auto values = critical_values<Orv16s>(2, 100);
+    const auto values = critical_values<Orv16s>(3, 150);
     expect_all_pairs(ORV_EXPORT(orvsAdd_16s_Sfs), Pairs(values, values), -17, 19, scaled_sum<Orv16s>);
 }
 TEST(Add, of_critical_pairs_of_16u)
 {
-    const auto values = critical_values<Orv16u>(2, 100);
+    const auto values = critical_values<Orv16u>(3, 150);
     expect_all_pairs(ORV_EXPORT(orvsAdd_16u_Sfs), Pairs(values, values), -17, 19, scaled_sum<Orv16u>);
 }
 TEST(Add, of_critical_pairs_of_32s)
 {
     const auto values = critical_values<Orv32s>(1, 20);
     const auto wanted = [](Orv32s a, Orv32s b, int scale) { return saturate<Orv32s>(scale_law(Wide(a) + b, scale)); };
-    expect_all_pairs(ORV_EXPORT(orvsAdd_32s_Sfs), Pairs(values, critical_values<Orv32s>(0, 5)), -33, 34, wanted);
+    expect_all_pairs(ORV_EXPORT(orvsAdd_32s_Sfs), Pairs(values, critical_values<Orv32s>(0, 5, 2)), -33, 34, wanted);
 }
 TEST(Add, of_critical_pairs_of_64s)
 {
@@ -310,7 +306,7 @@ TEST(Add, of_critical_pairs_of_64s)
     const auto wanted = [](Orv64s a, Orv64s b, int scale) {
         return scale >= 64 ? 0 : saturate<Orv64s>(scale_law(Wide(a) + b, scale));
     };
-    expect_all_pairs(ORV_EXPORT(orvsAdd_64s_Sfs), Pairs(values, critical_values<Orv64s>(0, 0)), -65, 66, wanted);
+    expect_all_pairs(ORV_EXPORT(orvsAdd_64s_Sfs), Pairs(values, critical_values<Orv64s>(0, 0, 4)), -65, 66, wanted);
 }
 
 // ---- Large arrays
@@ -371,6 +367,17 @@ TEST(Add, of_eight_million_elements)
     EXPECT_TRUE(large_integers.check(misaligned(31)));
     EXPECT_TRUE(large_integers.check(misaligned(2), true));
 }
+
+#if ORV_ENDLESS_ARRAYS
+/// Twice the length of these does not fit the type of lengths.
+TEST(Add, of_complex_arrays_with_more_parts_than_a_length_can_tell)
+{
+    const auto integers = [](auto f, const Orv32sc* src, Orv32sc* dst, int n) { return f(src, src, dst, n, 1); };
+    expect_right_without_end(ORV_EXPORT(orvsAdd_32sc_Sfs).as(integers), [](const Orv32sc& a) { return a; });
+    const auto floats = [](auto f, const Orv32fc* src, Orv32fc* dst, int n) { return f(src, src, dst, n); };
+    expect_right_without_end(ORV_EXPORT(orvsAdd_32fc).as(floats), [](const Orv32fc& a) { return sum(a, a); });
+}
+#endif
 
 // ---- The caller's floating-point state
 

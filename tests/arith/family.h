@@ -165,9 +165,9 @@ std::vector<T> all_bytes()
 
 /// The values of an integer type at which sums, shifts and roundings change: around zero and both limits, around
 /// multiples of powers of two (where shifted values meet ties and limits), and some without any order. The distances
-/// reach up to near.
+/// reach up to near; of the powers, each step-th is taken.
 template <std::integral T>
-std::vector<T> critical_values(int near, std::size_t random_values)
+std::vector<T> critical_values(int near, std::size_t random_values, int step = 1)
 {
     constexpr int width = 8 * static_cast<int>(sizeof(T));
     std::set<T> values;
@@ -177,7 +177,7 @@ std::vector<T> critical_values(int near, std::size_t random_values)
     };
     add_around(0, 8 * near);
     add_around(std::uint64_t{1} << (width - 1), 8 * near);
-    for (int bit = 1; bit < width; ++bit)
+    for (int bit = 1; bit < width; bit += step)
         for (const std::uint64_t odd : {1, 3, 5}) {
             add_around(odd << bit, near);
             add_around(-(odd << bit), near);

@@ -39,7 +39,7 @@ public:
 
     LargeCall(const Call<Args...>& call, const Oracle& oracle, std::size_t bytes) : call_(call)
     {
-        Draw from = {Random(seed_of(call.name, bytes)), period, 3, Floats::any};
+        Draw from = {Random(seed_of(call.name, bytes)), period, 5, Floats::finite};
         PlacedCall placed = {};
         std::apply([&](auto&... operand) { ((operand.draw(from), operand.add_to(placed)), ...); }, operands_);
         arrays_ = std::move(placed.arrays);
@@ -135,12 +135,19 @@ bool check_large(const Call<Args...>& call, const Oracle& oracle)
     return true;
 }
 
-/// The same for an integer export under the law of scale factors; without a scale, at scale 0.
-template <class... Args, class Oracle, class... Scale>
-bool check_large_exact(const Export<OrvStatus, Args...>& f, const Oracle& oracle, Scale... scale)
+/// The same for an integer export under the law of scale factors, its scale and mode of rounding following.
+template <class... Args, class Oracle, class... Mode>
+bool check_large_exact(const Export<OrvStatus, Args...>& f, const Oracle& oracle, int scale, Mode... mode)
 {
-    const ScaledOracle<DestinationElement<Args...>, Oracle> element = {oracle, (0 + ... + scale)};
-    return check_large(f.with(scale...), element);
+    const ScaledOracle<DestinationElement<Args...>, Oracle> element = {oracle, scale};
+    return check_large(f.with(scale, mode...), element);
+}
+/// The same for an integer export without a scale.
+template <class... Args, class Oracle>
+bool check_large_exact(const Export<OrvStatus, Args...>& f, const Oracle& oracle)
+{
+    const ScaledOracle<DestinationElement<Args...>, Oracle> element = {oracle, 0};
+    return check_large(f.with(), element);
 }
 
 } // namespace orvtest

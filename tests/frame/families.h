@@ -158,8 +158,10 @@ public:
         : name_(zero.name()), value_{}, fill_(zero), block_(most * sizeof(T))
     {}
     LargeFill(const Export<OrvStatus, T, T*, int>& set, std::size_t most)
-        : name_(set.name()), value_(telling_value<T>()),
-          fill_([set, this](T* dst, int len) { return set(value_, dst, len); }), block_(most * sizeof(T))
+        : name_(set.name()),
+          value_(telling_value<T>()),
+          fill_([set, this](T* dst, int len) { return set(value_, dst, len); }),
+          block_(most * sizeof(T))
     {}
     LargeFill(const LargeFill&) = delete;
     LargeFill& operator=(const LargeFill&) = delete;
@@ -191,7 +193,9 @@ template <class T>
 class LargeCopy {
 public:
     LargeCopy(const Export<OrvStatus, const T*, T*, int>& copy, std::size_t most)
-        : copy_(copy), content_(random_bytes(most * sizeof(T))), source_block_(content_.size()),
+        : copy_(copy),
+          content_(random_bytes(most * sizeof(T))),
+          source_block_(content_.size()),
           destination_block_(content_.size())
     {}
 
@@ -237,8 +241,8 @@ inline std::size_t bytes_beyond_caches()
 {
     int cache = 0;
     const bool known = orvGetMaxCacheSizeB(&cache) == orvOk && cache > 0;
-    constexpr std::size_t most = std::size_t{64} << 20;
-    return std::min(known ? static_cast<std::size_t>(cache) + (std::size_t{1} << 20) : most, most);
+    constexpr std::size_t least = std::size_t{4} << 20, most = std::size_t{64} << 20;
+    return known ? std::clamp(static_cast<std::size_t>(cache) + (std::size_t{1} << 20), least, most) : most;
 }
 
 } // namespace orvtest

@@ -3,8 +3,11 @@
 #include "compare.h"
 #include "elementwise.h"
 
+#include <climits>
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
+#include <limits>
+#include <set>
 #include <x86intrin.h>
 
 namespace orvtest {
