@@ -55,5 +55,5 @@ endif()
 # loop: the library calls no memset.
 add_library(orv_kernels INTERFACE)
 target_compile_options(orv_kernels INTERFACE -mavx2 -mfma -ffp-contract=off -fno-math-errno -fno-builtin
-    $<$<CXX_COMPILER_ID:GNU>:-fno-partial-inlining -fno-tree-loop-distribute-patterns>)
+    $<$<CXX_COMPILER_ID:GNU>:-fno-partial-inlining -fno-tree-loop-distribute-patterns -falign-loops=32>)
 target_compile_definitions(orv_kernels INTERFACE ORV_VARIANT=${ORV_VARIANT} ORV_BUILD_PREFIX="${ORV_VARIANT}_")

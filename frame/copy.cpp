@@ -33,24 +33,26 @@ struct StreamingStore {
     ORV_INLINE void operator()(Orv8u* p, vec<Orv8u> v) const { stream(p, v); }
 };
 
-/// More than 128 bytes, d <= s or apart. A round reads all it needs before it writes.
+/// More than 128 bytes, d <= s or apart: a store never reaches what is still to be read.
 template <class Put>
 ORV_INLINE void copy_forward(const Orv8u* s, Orv8u* d, std::size_t n, Put put)
 {
+    Orv8u* const last_vector = d + n - 32;
     const std::size_t k = 32 - reinterpret_cast<std::size_t>(d) % 32;
     const auto first = load(s), second = load(s + k), last = load(s + n - 32);
     store(d, first);
     store(d + k, second);
-    std::size_t i = k + 32;
-    for (; i + 128 <= n; i += 128) {
-        const auto a = load(s + i), b = load(s + i + 32), c = load(s + i + 64), e = load(s + i + 96);
-        put(d + i, a);
-        put(d + i + 32, b);
-        put(d + i + 64, c);
-        put(d + i + 96, e);
+    d += k + 32;
+    s += k + 32;
+    std::size_t left = n - (k + 32);
+    for (; left >= 128; left -= 128, d += 128, s += 128) {
+        put(d, load(s));
+        put(d + 32, load(s + 32));
+        put(d + 64, load(s + 64));
+        put(d + 96, load(s + 96));
     }
-    for (; i + 32 < n; i += 32) put(d + i, load(s + i));
-    store(d + n - 32, last);
+    for (; left > 32; left -= 32, d += 32, s += 32) put(d, load(s));
+    store(last_vector, last);
 }
 
 /// More than 128 bytes, d above s.
@@ -62,11 +64,10 @@ ORV_INLINE void copy_backward(const Orv8u* s, Orv8u* d, std::size_t n)
     store(d + n - 32, last);
     store(d + i - 32, second);
     for (i -= 32; i >= 128; i -= 128) {
-        const auto a = load(s + i - 32), b = load(s + i - 64), c = load(s + i - 96), e = load(s + i - 128);
-        store(d + i - 32, a);
-        store(d + i - 64, b);
-        store(d + i - 96, c);
-        store(d + i - 128, e);
+        store(d + i - 32, load(s + i - 32));
+        store(d + i - 64, load(s + i - 64));
+        store(d + i - 96, load(s + i - 96));
+        store(d + i - 128, load(s + i - 128));
     }
     for (; i > 32; i -= 32) store(d + i - 32, load(s + i - 32));
     store(d, first);

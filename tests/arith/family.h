@@ -75,12 +75,13 @@ struct ScaledOracle {
     }
 };
 
-/// Sweeps like sweep_exact, but an export that gives 0 from the scale zero_from on, whatever the law says.
+/// Sweeps like sweep_exact, but an export that gives 0 from the scale zero_from on, whatever the law says. The scales
+/// go from -reach to reach, and to the limits of their type.
 template <class... Args, class Oracle>
-bool sweep_exact_below(int zero_from, const Export<OrvStatus, Args...>& f, const Oracle& oracle)
+bool sweep_exact_below(int zero_from, const Export<OrvStatus, Args...>& f, const Oracle& oracle,
+                       int reach = scale_reach(element_type<DestinationElement<Args...>>().component_size))
 {
     using Result = DestinationElement<Args...>;
-    const int reach = scale_reach(element_type<Result>().component_size);
     for (const int scale : scales(reach)) {
         const ScaledOracle<Result, Oracle> element = {oracle, scale, zero_from};
         if (!sweep_elements(f.with(scale), element, options_at_scale(family_lengths(), scale, reach))) return false;
