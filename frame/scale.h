@@ -126,17 +126,17 @@ ORV_INLINE vec<Orv16s> round_shift(half_odd<Orv16s> x, const rounding<Orv16s>& c
     return and_not(is_tie & splat(Orv16s(1)), halves_up);
 }
 
-/// The same for scale = 1, where an odd x is a tie.
+/// The same for scale = 1, where an odd x is a tie. The largest difference of signed lanes rounds beyond them.
 template <OrvRoundMode mode = orvRndNear, class T>
 ORV_INLINE vec<T> round_half(half_odd<T> x)
 {
     const auto tie = x.odd & splat(T(1));
     if constexpr (mode == orvRndNear) {
-        return x.half + (x.half & tie);
+        return step_up_sat(x.half, x.half & tie);
     } else if constexpr (std::is_unsigned_v<T>) {
         return mode == orvRndFinancial ? x.half + tie : x.half;
     } else if constexpr (mode == orvRndFinancial) {
-        return x.half + (tie & ~sign_mask(x.half));
+        return step_up_sat(x.half, and_not(sign_mask(x.half), tie));
     } else {
         return x.half + (tie & sign_mask(x.half));
     }

@@ -60,6 +60,20 @@ ORV_INLINE vec<T> sub_sat(vec<T> a, vec<T> b)
     }
 }
 
+/// v + step for steps of 0 and 1 that carry no unsigned v beyond its type.
+template <class T>
+ORV_INLINE vec<T> step_up_sat(vec<T> v, vec<T> step)
+{
+    if constexpr (std::is_unsigned_v<T>) {
+        return v + step;
+    } else if constexpr (sizeof(T) == 2) {
+        return add_sat(v, step);
+    } else {
+        const auto next = v + step;
+        return next + is_greater(v, next); // wrapped to the minimum, and one step back
+    }
+}
+
 /// Wide lanes back in narrow ones.
 ORV_INLINE vec<Orv16s> pack_sat(split<Orv32s> w) { return {_mm256_packs_epi32(w.low.r, w.high.r)}; }
 ORV_INLINE vec<Orv32s> pack_sat(even_odd<Orv64s> w)

@@ -351,21 +351,14 @@ TEST(Add, of_large_float_arrays)
 
 TEST(Add, of_eight_million_elements)
 {
-    const auto elements = std::size_t{8} << 20;
-    const auto f32 = ORV_EXPORT(orvsAdd_32f).with();
-    LargeCall large_floats(f32, sum, 12 * elements);
-    EXPECT_TRUE(large_floats.check(misaligned(0)));
-    EXPECT_TRUE(large_floats.check(misaligned(4)));
-    EXPECT_TRUE(large_floats.check(misaligned(30)));
-    EXPECT_TRUE(large_floats.check(misaligned(4), true));
+    constexpr std::size_t elements = std::size_t{8} << 20;
+    LargeCall floats(ORV_EXPORT(orvsAdd_32f).with(), sum);
+    for (const int bytes : {0, 4, 30}) EXPECT_TRUE(floats.check(12 * elements, misaligned(bytes)));
+    EXPECT_TRUE(floats.check(12 * elements, misaligned(4), true));
 
-    const auto s16 = ORV_EXPORT(orvsAdd_16s).with();
-    LargeCall large_integers(
-        s16, [](Orv16s a, Orv16s b) { return limited<Orv16s>(a + b); }, 6 * elements);
-    EXPECT_TRUE(large_integers.check(misaligned(0)));
-    EXPECT_TRUE(large_integers.check(misaligned(2)));
-    EXPECT_TRUE(large_integers.check(misaligned(31)));
-    EXPECT_TRUE(large_integers.check(misaligned(2), true));
+    LargeCall integers(ORV_EXPORT(orvsAdd_16s).with(), [](Orv16s a, Orv16s b) { return limited<Orv16s>(a + b); });
+    for (const int bytes : {0, 2, 31}) EXPECT_TRUE(integers.check(6 * elements, misaligned(bytes)));
+    EXPECT_TRUE(integers.check(6 * elements, misaligned(2), true));
 }
 
 #if ORV_ENDLESS_ARRAYS

@@ -24,25 +24,23 @@ struct Sum {
         else return a + b;
     }
 };
-struct FirstMinusSecond {
+/// One type for both orders, so that templates over it are compiled once.
+struct Difference {
+    bool reversed;
+
     template <class T>
-    T operator()(const T& a, const T& b) const
+    T operator()(const T& first, const T& second) const
     {
+        const T& a = reversed ? second : first;
+        const T& b = reversed ? first : second;
         if constexpr (Complex<T>) return {a.re - b.re, a.im - b.im};
         else return a - b;
     }
 };
-struct SecondMinusFirst {
-    template <class T>
-    T operator()(const T& a, const T& b) const
-    {
-        return FirstMinusSecond{}(b, a);
-    }
-};
 
 constexpr Sum sum;
-constexpr FirstMinusSecond first_minus_second;
-constexpr SecondMinusFirst second_minus_first;
+constexpr Difference first_minus_second = {false};
+constexpr Difference second_minus_first = {true};
 
 // ---- Sweeps
 

@@ -4,8 +4,6 @@
 // calls end here too. They write down who was called, and answer what a test wants.
 #include "families.h"
 
-#include "tests/support/compare.h"
-
 #include <array>
 #include <climits>
 #include <cstdlib>
@@ -298,7 +296,7 @@ TEST(Memory, allocators_hand_over_the_size_and_hand_back_the_answer)
                 const auto size = static_cast<Orv32s>(static_cast<std::uint32_t>(product & 0xFFFFFFFF));
                 EXPECT_EQ(made.all(), (std::vector<CoreCall>{{Function::allocate, size, 0}}))
                     << allocate.name() << " of " << length;
-                expect_value(allocate, Orv32s{got == given}, 1);
+                EXPECT_EQ(static_cast<const void*>(got), given) << allocate.name() << " of " << length;
             }
     });
 }
@@ -309,7 +307,7 @@ TEST(Memory, lengths_below_one_are_not_handed_over)
     for_each_malloc([](const auto& allocate) {
         for (const int length : {0, -1, INT_MIN}) {
             const Calls made;
-            expect_value(allocate, Orv32s{allocate(length) == nullptr}, 1);
+            EXPECT_EQ(allocate(length), nullptr) << allocate.name() << " of " << length;
             EXPECT_EQ(made.count(), 0u) << allocate.name() << " of " << length;
         }
     });
@@ -324,7 +322,6 @@ TEST(Memory, a_release_is_handed_over_as_it_stands)
         const Calls made;
         release(pointer);
         EXPECT_EQ(made.all(), (std::vector<CoreCall>{{Function::release, number(pointer), 0}}));
-        expect_value(release, static_cast<Orv32s>(made.count()), 1);
     }
 }
 
