@@ -20,11 +20,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
     string(APPEND CMAKE_ASM_FLAGS " -Wno-unused-command-line-argument") # of the C++ options, for the entries
 endif()
 
-# Release is what all presets build. Sanitized code gets fewer optimisations, which keeps the time of compilation bearable.
-set(CMAKE_CXX_FLAGS_RELEASE "-O2")
-set(CMAKE_C_FLAGS_RELEASE "-O2")
+# Release is what all presets build.
+set(ORV_OPTIMIZE "-O2" CACHE STRING "Optimisation of release builds")
+set(CMAKE_CXX_FLAGS_RELEASE ${ORV_OPTIMIZE})
+set(CMAKE_C_FLAGS_RELEASE ${ORV_OPTIMIZE})
 if(ORV_SANITIZE)
-    set(CMAKE_CXX_FLAGS_RELEASE "-O1 -g1")
     set(ORV_SANITIZE_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_compile_options(${ORV_SANITIZE_FLAGS})
     add_link_options(${ORV_SANITIZE_FLAGS})

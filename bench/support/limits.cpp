@@ -27,8 +27,8 @@ void write(const Streams& streams)
     const char *a = streams.source[0], *b = streams.source[1], *c = streams.source[2];
     char* d = streams.dst;
     const std::size_t bytes = streams.bytes; // of its own, for a store through d might change any object in memory
-    __m256i constant = _mm256_set1_epi8(1); // not zero: some processors stream zeros at twice the pace of other values
-    asm("" : "+x"(constant)); // of unknown value, or the compiler would call memset
+    __m256i constant = _mm256_set1_epi8(1);  // not zero: some processors stream zeros at twice the pace of other values
+    asm("" : "+x"(constant));                // of unknown value, or the compiler would call memset
 
     const auto value = [=](std::size_t i) {
         __m256i x = constant;

@@ -33,6 +33,19 @@ template <class... Arguments>
 void add_peer(Row&, std::nullptr_t, Arguments...)
 {}
 
+/// dst = f(src): f(src, dst, n).
+template <class T, class Ours, class... Peers>
+void one_source(const Kind& kind, Ours ours, Peers... peers)
+{
+    rows(kind.family, kind.name, kind.sizes, [=](Row& row, int n) {
+        const T* src = row.array<T>(n);
+        T* dst = row.array<T>(n);
+        row.limit({src}, dst, std::size_t(n) * sizeof(T));
+        row.ours([=] { return ours(src, dst, n); });
+        (add_peer(row, peers, src, dst, n), ...);
+    });
+}
+
 /// dst = f(src, value): f(src, value, dst, n).
 template <class T, class Ours, class... Peers>
 void source_and_value(const Kind& kind, Ours ours, Peers... peers)

@@ -1,4 +1,5 @@
-/* Element-wise arithmetic: sums and differences of vectors, of a vector and a scalar, and sums of products.
+/* Element-wise arithmetic: sums and differences of vectors, of a vector and a scalar, sums of products, bitwise logic,
+ * shifts.
  *
  *     Orv16s mix[480];
  *     orvsAdd_16s_Sfs(speech, noise, mix, 480, 1);     // mix[i] = (speech[i] + noise[i]) / 2, to nearest, ties to even
@@ -16,7 +17,7 @@
  *     orvErrNullPointer    a pointer is null
  *     orvErrBadLength      len < 1
  *
- * in this order; the complex forms of Add and Sub (16sc, 32sc, 32fc, 64fc) test the length first. */
+ * in this order, before all other checks; the complex forms of Add and Sub (16sc, 32sc, 32fc, 64fc) test the length first. */
 #ifndef ORVS_ARITH_H
 #define ORVS_ARITH_H
 
@@ -215,6 +216,151 @@ ORVAPI(OrvStatus, orvsAddProduct_16s32s_Sfs, (const Orv16s* src1, const Orv16s* 
  * @retval orvErrBadLength   len < 1
  * @{ */
 ORVAPI(OrvStatus, orvsAddProductC_32f, (const Orv32f* src, Orv32f val, Orv32f* srcDst, int len))
+/** @} */
+
+/* ---- And                                                                                         arith/logic.cpp */
+
+/** @name And
+ * dst[i] = src1[i] & src2[i], or srcDst[i] & src[i], bit by bit.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @{ */
+ORVAPI(OrvStatus, orvsAnd_8u,    (const Orv8u* src1, const Orv8u* src2, Orv8u* dst, int len))
+ORVAPI(OrvStatus, orvsAnd_8u_I,  (const Orv8u* src, Orv8u* srcDst, int len))
+ORVAPI(OrvStatus, orvsAnd_16u,   (const Orv16u* src1, const Orv16u* src2, Orv16u* dst, int len))
+ORVAPI(OrvStatus, orvsAnd_16u_I, (const Orv16u* src, Orv16u* srcDst, int len))
+ORVAPI(OrvStatus, orvsAnd_32u,   (const Orv32u* src1, const Orv32u* src2, Orv32u* dst, int len))
+ORVAPI(OrvStatus, orvsAnd_32u_I, (const Orv32u* src, Orv32u* srcDst, int len))
+/** @} */
+
+/* ---- AndC                                                                                        arith/logic.cpp */
+
+/** @name AndC
+ * dst[i] = src[i] & val, or srcDst[i] & val, bit by bit.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @{ */
+ORVAPI(OrvStatus, orvsAndC_8u,    (const Orv8u* src, Orv8u val, Orv8u* dst, int len))
+ORVAPI(OrvStatus, orvsAndC_8u_I,  (Orv8u val, Orv8u* srcDst, int len))
+ORVAPI(OrvStatus, orvsAndC_16u,   (const Orv16u* src, Orv16u val, Orv16u* dst, int len))
+ORVAPI(OrvStatus, orvsAndC_16u_I, (Orv16u val, Orv16u* srcDst, int len))
+ORVAPI(OrvStatus, orvsAndC_32u,   (const Orv32u* src, Orv32u val, Orv32u* dst, int len))
+ORVAPI(OrvStatus, orvsAndC_32u_I, (Orv32u val, Orv32u* srcDst, int len))
+/** @} */
+
+/* ---- Or                                                                                          arith/logic.cpp */
+
+/** @name Or
+ * dst[i] = src1[i] | src2[i], or srcDst[i] | src[i], bit by bit.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @{ */
+ORVAPI(OrvStatus, orvsOr_8u,    (const Orv8u* src1, const Orv8u* src2, Orv8u* dst, int len))
+ORVAPI(OrvStatus, orvsOr_8u_I,  (const Orv8u* src, Orv8u* srcDst, int len))
+ORVAPI(OrvStatus, orvsOr_16u,   (const Orv16u* src1, const Orv16u* src2, Orv16u* dst, int len))
+ORVAPI(OrvStatus, orvsOr_16u_I, (const Orv16u* src, Orv16u* srcDst, int len))
+ORVAPI(OrvStatus, orvsOr_32u,   (const Orv32u* src1, const Orv32u* src2, Orv32u* dst, int len))
+ORVAPI(OrvStatus, orvsOr_32u_I, (const Orv32u* src, Orv32u* srcDst, int len))
+/** @} */
+
+/* ---- OrC                                                                                         arith/logic.cpp */
+
+/** @name OrC
+ * dst[i] = src[i] | val, or srcDst[i] | val, bit by bit.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @{ */
+ORVAPI(OrvStatus, orvsOrC_8u,    (const Orv8u* src, Orv8u val, Orv8u* dst, int len))
+ORVAPI(OrvStatus, orvsOrC_8u_I,  (Orv8u val, Orv8u* srcDst, int len))
+ORVAPI(OrvStatus, orvsOrC_16u,   (const Orv16u* src, Orv16u val, Orv16u* dst, int len))
+ORVAPI(OrvStatus, orvsOrC_16u_I, (Orv16u val, Orv16u* srcDst, int len))
+ORVAPI(OrvStatus, orvsOrC_32u,   (const Orv32u* src, Orv32u val, Orv32u* dst, int len))
+ORVAPI(OrvStatus, orvsOrC_32u_I, (Orv32u val, Orv32u* srcDst, int len))
+/** @} */
+
+/* ---- Xor                                                                                         arith/logic.cpp */
+
+/** @name Xor
+ * dst[i] = src1[i] ^ src2[i], or srcDst[i] ^ src[i], bit by bit.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @{ */
+ORVAPI(OrvStatus, orvsXor_8u,    (const Orv8u* src1, const Orv8u* src2, Orv8u* dst, int len))
+ORVAPI(OrvStatus, orvsXor_8u_I,  (const Orv8u* src, Orv8u* srcDst, int len))
+ORVAPI(OrvStatus, orvsXor_16u,   (const Orv16u* src1, const Orv16u* src2, Orv16u* dst, int len))
+ORVAPI(OrvStatus, orvsXor_16u_I, (const Orv16u* src, Orv16u* srcDst, int len))
+ORVAPI(OrvStatus, orvsXor_32u,   (const Orv32u* src1, const Orv32u* src2, Orv32u* dst, int len))
+ORVAPI(OrvStatus, orvsXor_32u_I, (const Orv32u* src, Orv32u* srcDst, int len))
+/** @} */
+
+/* ---- XorC                                                                                        arith/logic.cpp */
+
+/** @name XorC
+ * dst[i] = src[i] ^ val, or srcDst[i] ^ val, bit by bit.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @{ */
+ORVAPI(OrvStatus, orvsXorC_8u,    (const Orv8u* src, Orv8u val, Orv8u* dst, int len))
+ORVAPI(OrvStatus, orvsXorC_8u_I,  (Orv8u val, Orv8u* srcDst, int len))
+ORVAPI(OrvStatus, orvsXorC_16u,   (const Orv16u* src, Orv16u val, Orv16u* dst, int len))
+ORVAPI(OrvStatus, orvsXorC_16u_I, (Orv16u val, Orv16u* srcDst, int len))
+ORVAPI(OrvStatus, orvsXorC_32u,   (const Orv32u* src, Orv32u val, Orv32u* dst, int len))
+ORVAPI(OrvStatus, orvsXorC_32u_I, (Orv32u val, Orv32u* srcDst, int len))
+/** @} */
+
+/* ---- Not                                                                                         arith/logic.cpp */
+
+/** @name Not
+ * dst[i] = ~src[i], or ~srcDst[i].
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @{ */
+ORVAPI(OrvStatus, orvsNot_8u,    (const Orv8u* src, Orv8u* dst, int len))
+ORVAPI(OrvStatus, orvsNot_8u_I,  (Orv8u* srcDst, int len))
+ORVAPI(OrvStatus, orvsNot_16u,   (const Orv16u* src, Orv16u* dst, int len))
+ORVAPI(OrvStatus, orvsNot_16u_I, (Orv16u* srcDst, int len))
+ORVAPI(OrvStatus, orvsNot_32u,   (const Orv32u* src, Orv32u* dst, int len))
+ORVAPI(OrvStatus, orvsNot_32u_I, (Orv32u* srcDst, int len))
+/** @} */
+
+/* ---- LShiftC                                                                                     arith/shift.cpp */
+
+/** @name LShiftC
+ * dst[i] = src[i] * 2^val modulo 2^bits, or the same of srcDst[i]: bits that leave the type are lost, nothing saturates.
+ * A count of 0 copies and a count of the type's width or more fills with zeros; these two are looked at first, so the
+ * fill tests dst and len only. Otherwise the checks are:
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @retval orvErrBadShift    val < 0
+ * @{ */
+ORVAPI(OrvStatus, orvsLShiftC_8u,    (const Orv8u* src, int val, Orv8u* dst, int len))
+ORVAPI(OrvStatus, orvsLShiftC_8u_I,  (int val, Orv8u* srcDst, int len))
+ORVAPI(OrvStatus, orvsLShiftC_16u,   (const Orv16u* src, int val, Orv16u* dst, int len))
+ORVAPI(OrvStatus, orvsLShiftC_16u_I, (int val, Orv16u* srcDst, int len))
+ORVAPI(OrvStatus, orvsLShiftC_16s,   (const Orv16s* src, int val, Orv16s* dst, int len))
+ORVAPI(OrvStatus, orvsLShiftC_16s_I, (int val, Orv16s* srcDst, int len))
+ORVAPI(OrvStatus, orvsLShiftC_32s,   (const Orv32s* src, int val, Orv32s* dst, int len))
+ORVAPI(OrvStatus, orvsLShiftC_32s_I, (int val, Orv32s* srcDst, int len))
+/** @} */
+
+/* ---- RShiftC                                                                                     arith/shift.cpp */
+
+/** @name RShiftC
+ * dst[i] = floor(src[i] / 2^val), or the same of srcDst[i]: signed types keep their sign, so a count of the width or more
+ * gives 0 or -1. A count of 0 copies; for unsigned types a count of the width or more fills with zeros. These are looked
+ * at first, so the fill tests dst and len only. Otherwise the checks are:
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @retval orvErrBadShift    val < 0
+ * @{ */
+ORVAPI(OrvStatus, orvsRShiftC_8u,    (const Orv8u* src, int val, Orv8u* dst, int len))
+ORVAPI(OrvStatus, orvsRShiftC_8u_I,  (int val, Orv8u* srcDst, int len))
+ORVAPI(OrvStatus, orvsRShiftC_16u,   (const Orv16u* src, int val, Orv16u* dst, int len))
+ORVAPI(OrvStatus, orvsRShiftC_16u_I, (int val, Orv16u* srcDst, int len))
+ORVAPI(OrvStatus, orvsRShiftC_16s,   (const Orv16s* src, int val, Orv16s* dst, int len))
+ORVAPI(OrvStatus, orvsRShiftC_16s_I, (int val, Orv16s* srcDst, int len))
+ORVAPI(OrvStatus, orvsRShiftC_32s,   (const Orv32s* src, int val, Orv32s* dst, int len))
+ORVAPI(OrvStatus, orvsRShiftC_32s_I, (int val, Orv32s* srcDst, int len))
 /** @} */
 
 #endif

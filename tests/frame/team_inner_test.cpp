@@ -16,6 +16,7 @@ extern "C" {
 void omp_set_num_threads(int);
 void omp_set_dynamic(int);
 void omp_set_max_active_levels(int);
+int omp_get_level();
 }
 
 // ---- What the core library and the runtime say here: definitions of the program come before those of libraries
@@ -25,6 +26,7 @@ namespace {
 std::mutex answers_mutex;
 std::deque<int> answers = {1}; // the last one stays
 std::atomic<bool> may_fork = true;
+std::atomic<int> questions = 0; // whether it may fork
 
 void pretend_threads(std::deque<int> counts)
 {
@@ -42,7 +44,11 @@ int ownGetNumThreads()
     return answer;
 }
 
-Orv32s __kmpc_ok_to_fork(const ident_t*) { return may_fork; }
+Orv32s __kmpc_ok_to_fork(const ident_t*)
+{
+    ++questions;
+    return may_fork;
+}
 
 namespace {
 
@@ -63,17 +69,19 @@ struct TeamCall {
     int result;
 };
 
-/// The kernel returns warning(first, count).
+/// The kernel returns warning(first, count). All regions are left when the call returns.
 template <class Warning>
 TeamCall run(TeamSize size, int len, const Warning& warning)
 {
     TeamCall made = {};
     std::mutex mutex;
+    const int level = omp_get_level();
     made.result = on_team(size, len, [&](int first, int count) {
         const std::scoped_lock lock(mutex);
         made.slices.push_back({first, count, std::this_thread::get_id(), omp_get_num_threads()});
         return warning(first, count);
     });
+    EXPECT_EQ(omp_get_level(), level);
     std::sort(made.slices.begin(), made.slices.end(),
               [](const Slice& a, const Slice& b) { return std::pair(a.first, a.count) < std::pair(b.first, b.count); });
     return made;
@@ -119,7 +127,11 @@ TEST(OnTeam, one_thread_does_all_itself)
     for (const int wanted : {1, 0, -1}) {
         pretend_threads({wanted});
         for (const TeamSize size : {TeamSize::two, TeamSize::all})
-            for (const int len : {1, 2, 4097}) expect_slices(run(size, len), len, 1);
+            for (const int len : {1, 2, 4097}) {
+                const int before = questions;
+                expect_slices(run(size, len), len, 1);
+                EXPECT_EQ(questions, before) << "the runtime has no part in it";
+            }
     }
 }
 
@@ -152,10 +164,12 @@ TEST(OnTeam, a_vector_shorter_than_the_number_of_threads_is_not_cut)
 {
     for (const int wanted : {2, 3, 8}) {
         pretend_threads({wanted});
+        const int before = questions;
         for (int len = 1; len < wanted; ++len) {
             expect_slices(run(TeamSize::all, len), len, 1);
             expect_slices(run(TeamSize::two, len), len, 1); // also if it is longer than the team would be
         }
+        EXPECT_EQ(questions, before) << "the runtime has no part in it";
         expect_slices(run(TeamSize::all, wanted), wanted, wanted);
         expect_slices(run(TeamSize::two, wanted), wanted, 2);
     }
