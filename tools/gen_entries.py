@@ -31,6 +31,7 @@ ENTRY = {
     jmp *{name}_arraddr(%rip)
 """,
 }
+PADDING = {"h9": 3, "x9": 2}  # single no-operations up to the pitch of 24 or 8 bytes
 POINTER = {"h9": (".long", 4), "x9": (".quad", 8)}
 
 MODULE = """\
@@ -41,7 +42,7 @@ MODULE = """\
     .type {name}, @function
 {name}:
 {code}    .size {name}, . - {name}
-    .p2align 3, 0x90
+    .fill {padding}, 1, 0x90
     .section .note.GNU-stack, "", @progbits
 """
 
@@ -87,7 +88,7 @@ def main():
     names.sort()  # code points of ASCII names: byte order
     for name in names:
         code = ENTRY[args.variant].format(name=name)
-        write_if_changed(args.out / f"jmp_{name}.s", MODULE.format(name=name, code=code))
+        write_if_changed(args.out / f"jmp_{name}.s", MODULE.format(name=name, code=code, padding=PADDING[args.variant]))
     slots = "".join(
         SLOT.format(name=name, size=size, directive=directive, variant=args.variant) for name in reversed(names))
     write_if_changed(args.out / "slots.s", f'    .file "slots"\n    .data\n    .p2align 5\n{slots}'
