@@ -62,7 +62,7 @@ template <class T>
 void check_large(const Export<OrvStatus, const T*, T*, int>& copy)
 {
     LargeCopy<T> arrays(copy, 0x201000 / sizeof(T));
-    for (const std::size_t bytes : {0x8000, 0x8001, 0x10000, 0x100001, 0x200000, 0x200010, 0x200FFF})
+    for (const std::size_t bytes : {0x8000u, 0x8001u, 0x10000u, 0x100001u, 0x200000u, 0x200010u, 0x200FFFu})
         for (const Placement source : {before_guard, misaligned(0), misaligned(1), misaligned(34)}) {
             arrays.place_source(bytes / sizeof(T), source);
             for (const Placement placement : {before_guard, misaligned(0), misaligned(2), misaligned(33)})

@@ -208,7 +208,7 @@ template <class T, class Fill>
 void check_any_answer(const Fill& fill)
 {
     LargeFill<T> array(fill, (16 << 20) / sizeof(T));
-    for (const std::size_t bytes : {4 << 20, 16 << 20})
+    for (const std::size_t bytes : {4u << 20, 16u << 20})
         for (const Answer& a : answers) {
             answer(a);
             if (!array.check(bytes / sizeof(T), misaligned(16))) return;

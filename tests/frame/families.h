@@ -110,7 +110,7 @@ template <class T>
 SweepOptions options_by_bytes()
 {
     std::vector<int> thresholds;
-    for (const std::size_t bytes : {96, 128, 160, 192, 256, 320, 512, 0x4000, 0x8000})
+    for (const std::size_t bytes : {96u, 128u, 160u, 192u, 256u, 320u, 512u, 0x4000u, 0x8000u})
         thresholds.push_back(static_cast<int>(bytes / sizeof(T)));
     SweepOptions options;
     options.lengths = lengths_around(thresholds);

@@ -123,7 +123,7 @@ T value_of_bits(Bits... bits)
 template <class T>
 void expect_kept_bits(const Export<OrvStatus, T, T*, int>& set, const T& value)
 {
-    for (const std::size_t n : {1, 2, 3, 5, 8, 37, 300}) {
+    for (const std::size_t n : {1u, 2u, 3u, 5u, 8u, 37u, 300u}) {
         GuardedArray<T> dst(n);
         EXPECT_EQ(set(value, dst.data(), static_cast<int>(n)), orvOk);
         std::vector<T> want(n);

@@ -34,7 +34,7 @@ std::vector<T> telling_values()
         for (int i = 0; i < 256; ++i) values.insert(static_cast<T>(i));
     } else {
         for (int bit = 0; bit < width; ++bit)
-            for (const std::uint64_t odd : {1, 3})
+            for (const std::uint64_t odd : {1u, 3u})
                 for (const int near : {-1, 0, 1}) {
                     const std::uint64_t value = (odd << bit) + static_cast<std::uint64_t>(near);
                     values.insert(static_cast<T>(value));
@@ -78,8 +78,8 @@ const Pairs<T>& pairs()
         const std::vector<T> some = inputs<T>(random, 1000), others = inputs<T>(random, 1000);
         for (std::size_t i = 0; i < some.size(); ++i) made.add(some[i], others[i]);
         constexpr T low = std::numeric_limits<T>::min(), high = std::numeric_limits<T>::max();
-        for (int i = 0; i < 4; ++i)
-            for (int k = 0; k < 4; ++k) {
+        for (T i = 0; i < 4; ++i)
+            for (T k = 0; k < 4; ++k) {
                 made.add(static_cast<T>(low + i), static_cast<T>(high - k));
                 made.add(static_cast<T>(high - i), static_cast<T>(low + k));
                 made.add(static_cast<T>(low + i), static_cast<T>(low + k));
