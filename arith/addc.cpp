@@ -2,6 +2,7 @@
 #include "orvs/arith.h"
 
 #include "arith/constant.h"
+#include "arith/forms.h"
 #include "orvs/frame.h"
 
 using namespace ORV_VARIANT;
@@ -126,7 +127,7 @@ OrvStatus orvsAddC_32s_ISfs(Orv32s val, Orv32s* srcDst, int len, int scale)
 }
 OrvStatus orvsAddC_16sc_Sfs(const Orv16sc* src, Orv16sc val, Orv16sc* dst, int len, int scale)
 {
-    return scaled_constant_form(plus(val), src, dst, len, scale, 16);
+    return scaled_form(plus(val), dst, len, scale, 16, src);
 }
 OrvStatus orvsAddC_16sc_ISfs(Orv16sc val, Orv16sc* srcDst, int len, int scale)
 {
@@ -134,7 +135,7 @@ OrvStatus orvsAddC_16sc_ISfs(Orv16sc val, Orv16sc* srcDst, int len, int scale)
 }
 OrvStatus orvsAddC_32sc_Sfs(const Orv32sc* src, Orv32sc val, Orv32sc* dst, int len, int scale)
 {
-    return scaled_constant_form(plus(val), src, dst, len, scale, 32);
+    return scaled_form(plus(val), dst, len, scale, 32, src);
 }
 OrvStatus orvsAddC_32sc_ISfs(Orv32sc val, Orv32sc* srcDst, int len, int scale)
 {
@@ -202,24 +203,24 @@ OrvStatus orvsAddC_64u_Sfs(const Orv64u* src, Orv64u val, Orv64u* dst, int len, 
 OrvStatus orvsAddC_32f(const Orv32f* src, Orv32f val, Orv32f* dst, int len)
 {
     const auto v = splat(val);
-    return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x + v; }, src, dst, len);
+    return float_form([=](auto x) ORV_INLINE_LAMBDA { return x + v; }, dst, len, src);
 }
 OrvStatus orvsAddC_32f_I(Orv32f val, Orv32f* srcDst, int len) { return orvsAddC_32f(srcDst, val, srcDst, len); }
 OrvStatus orvsAddC_64f(const Orv64f* src, Orv64f val, Orv64f* dst, int len)
 {
     const auto v = splat(val);
-    return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x + v; }, src, dst, len);
+    return float_form([=](auto x) ORV_INLINE_LAMBDA { return x + v; }, dst, len, src);
 }
 OrvStatus orvsAddC_64f_I(Orv64f val, Orv64f* srcDst, int len) { return orvsAddC_64f(srcDst, val, srcDst, len); }
 OrvStatus orvsAddC_32fc(const Orv32fc* src, Orv32fc val, Orv32fc* dst, int len)
 {
     const auto v = splat(val);
-    return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x + v; }, src, dst, len);
+    return float_form([=](auto x) ORV_INLINE_LAMBDA { return x + v; }, dst, len, src);
 }
 OrvStatus orvsAddC_32fc_I(Orv32fc val, Orv32fc* srcDst, int len) { return orvsAddC_32fc(srcDst, val, srcDst, len); }
 OrvStatus orvsAddC_64fc(const Orv64fc* src, Orv64fc val, Orv64fc* dst, int len)
 {
     const auto v = splat(val);
-    return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x + v; }, src, dst, len);
+    return float_form([=](auto x) ORV_INLINE_LAMBDA { return x + v; }, dst, len, src);
 }
 OrvStatus orvsAddC_64fc_I(Orv64fc val, Orv64fc* srcDst, int len) { return orvsAddC_64fc(srcDst, val, srcDst, len); }

@@ -155,7 +155,7 @@ template <class C>
 ORV_INLINE OrvStatus add_product_complex(const C* src1, const C* src2, C* srcDst, int len)
 {
     if (const OrvStatus bad = check(len, src1, src2, srcDst)) return bad;
-    return for_parts(len, [=](std::ptrdiff_t at, int n) {
+    return for_parts(len, [=](std::ptrdiff_t at, int n) ORV_INLINE_LAMBDA {
         map<2>(ComplexProductSum{}, parts(srcDst) + at, n, parts(src1) + at, parts(src2) + at, parts(srcDst) + at);
         return orvOk;
     });

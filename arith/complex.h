@@ -23,6 +23,12 @@ ORV_INLINE const part_of<C>* parts(const C* z)
     return reinterpret_cast<const part_of<C>*>(z);
 }
 
+/// The same as an array of 64-bit lanes, a complex value each.
+ORV_INLINE Orv64s* whole(Orv32sc* z) { return reinterpret_cast<Orv64s*>(z); }
+ORV_INLINE Orv64s* whole(Orv32fc* z) { return reinterpret_cast<Orv64s*>(z); }
+ORV_INLINE const Orv64s* whole(const Orv32sc* z) { return reinterpret_cast<const Orv64s*>(z); }
+ORV_INLINE const Orv64s* whole(const Orv32fc* z) { return reinterpret_cast<const Orv64s*>(z); }
+
 template <class C>
 requires std::is_class_v<C> ORV_INLINE vec<part_of<C>> splat(C z) { return splat_pair(z.re, z.im); }
 
@@ -31,11 +37,15 @@ template <class Run>
 ORV_INLINE OrvStatus for_parts(int len, Run run)
 {
     constexpr int most = 0x3ffffffe;
+    OrvStatus status;
     std::ptrdiff_t at = 0;
-    for (; len > most; len -= most, at += most) {
-        if (const OrvStatus status = run(2 * at, 2 * most)) return status;
-    }
-    return run(2 * at, 2 * len);
+    do { // one piece as a rule, and one place for it in the code
+        const int n = len < most ? len : most;
+        status = run(2 * at, 2 * n);
+        at += n;
+        len -= n;
+    } while (len > 0 && status == orvOk);
+    return status;
 }
 
 /// The real body over the parts of complex vectors. The length is tested here, the pointers in the body.
@@ -44,7 +54,7 @@ ORV_INLINE OrvStatus by_parts(OrvStatus (*body)(const R*, const R*, R*, int, Res
                               C* dst, int len, std::type_identity_t<Rest>... rest)
 {
     if (len < 1) return orvErrBadLength;
-    return for_parts(len, [=](std::ptrdiff_t at, int n) {
+    return for_parts(len, [=](std::ptrdiff_t at, int n) ORV_INLINE_LAMBDA {
         return body(parts(src1) + at, parts(src2) + at, parts(dst) + at, n, rest...);
     });
 }

@@ -2,6 +2,7 @@
 #include "orvs/arith.h"
 
 #include "arith/constant.h"
+#include "arith/forms.h"
 #include "orvs/frame.h"
 
 using namespace ORV_VARIANT;
@@ -47,7 +48,7 @@ OrvStatus orvsSubC_16s_I(Orv16s val, Orv16s* srcDst, int len) { return orvsSubC_
 
 OrvStatus orvsSubC_8u_Sfs(const Orv8u* src, Orv8u val, Orv8u* dst, int len, int scale)
 {
-    return scaled_constant_form(minus(val), src, dst, len, scale, 8);
+    return scaled_form(minus(val), dst, len, scale, 8, src);
 }
 OrvStatus orvsSubC_8u_ISfs(Orv8u val, Orv8u* srcDst, int len, int scale)
 {
@@ -55,7 +56,7 @@ OrvStatus orvsSubC_8u_ISfs(Orv8u val, Orv8u* srcDst, int len, int scale)
 }
 OrvStatus orvsSubC_16u_Sfs(const Orv16u* src, Orv16u val, Orv16u* dst, int len, int scale)
 {
-    return scaled_constant_form(minus(val), src, dst, len, scale, 16);
+    return scaled_form(minus(val), dst, len, scale, 16, src);
 }
 OrvStatus orvsSubC_16u_ISfs(Orv16u val, Orv16u* srcDst, int len, int scale)
 {
@@ -63,7 +64,7 @@ OrvStatus orvsSubC_16u_ISfs(Orv16u val, Orv16u* srcDst, int len, int scale)
 }
 OrvStatus orvsSubC_32s_Sfs(const Orv32s* src, Orv32s val, Orv32s* dst, int len, int scale)
 {
-    return scaled_constant_form(minus(val), src, dst, len, scale, 32);
+    return scaled_form(minus(val), dst, len, scale, 32, src);
 }
 OrvStatus orvsSubC_32s_ISfs(Orv32s val, Orv32s* srcDst, int len, int scale)
 {
@@ -71,7 +72,7 @@ OrvStatus orvsSubC_32s_ISfs(Orv32s val, Orv32s* srcDst, int len, int scale)
 }
 OrvStatus orvsSubC_16sc_Sfs(const Orv16sc* src, Orv16sc val, Orv16sc* dst, int len, int scale)
 {
-    return scaled_constant_form(minus(val), src, dst, len, scale, 16);
+    return scaled_form(minus(val), dst, len, scale, 16, src);
 }
 OrvStatus orvsSubC_16sc_ISfs(Orv16sc val, Orv16sc* srcDst, int len, int scale)
 {
@@ -79,7 +80,7 @@ OrvStatus orvsSubC_16sc_ISfs(Orv16sc val, Orv16sc* srcDst, int len, int scale)
 }
 OrvStatus orvsSubC_32sc_Sfs(const Orv32sc* src, Orv32sc val, Orv32sc* dst, int len, int scale)
 {
-    return scaled_constant_form(minus(val), src, dst, len, scale, 32);
+    return scaled_form(minus(val), dst, len, scale, 32, src);
 }
 OrvStatus orvsSubC_32sc_ISfs(Orv32sc val, Orv32sc* srcDst, int len, int scale)
 {
@@ -90,7 +91,7 @@ OrvStatus orvsSubC_32sc_ISfs(Orv32sc val, Orv32sc* srcDst, int len, int scale)
 
 OrvStatus orvsSubCRev_8u_Sfs(const Orv8u* src, Orv8u val, Orv8u* dst, int len, int scale)
 {
-    return scaled_constant_form(minus_from(val), src, dst, len, scale, 8);
+    return scaled_form(minus_from(val), dst, len, scale, 8, src);
 }
 OrvStatus orvsSubCRev_8u_ISfs(Orv8u val, Orv8u* srcDst, int len, int scale)
 {
@@ -98,7 +99,7 @@ OrvStatus orvsSubCRev_8u_ISfs(Orv8u val, Orv8u* srcDst, int len, int scale)
 }
 OrvStatus orvsSubCRev_16u_Sfs(const Orv16u* src, Orv16u val, Orv16u* dst, int len, int scale)
 {
-    return scaled_constant_form(minus_from(val), src, dst, len, scale, 16);
+    return scaled_form(minus_from(val), dst, len, scale, 16, src);
 }
 OrvStatus orvsSubCRev_16u_ISfs(Orv16u val, Orv16u* srcDst, int len, int scale)
 {
@@ -106,7 +107,7 @@ OrvStatus orvsSubCRev_16u_ISfs(Orv16u val, Orv16u* srcDst, int len, int scale)
 }
 OrvStatus orvsSubCRev_16s_Sfs(const Orv16s* src, Orv16s val, Orv16s* dst, int len, int scale)
 {
-    return scaled_constant_form(minus_from(val), src, dst, len, scale, 16);
+    return scaled_form(minus_from(val), dst, len, scale, 16, src);
 }
 OrvStatus orvsSubCRev_16s_ISfs(Orv16s val, Orv16s* srcDst, int len, int scale)
 {
@@ -114,7 +115,7 @@ OrvStatus orvsSubCRev_16s_ISfs(Orv16s val, Orv16s* srcDst, int len, int scale)
 }
 OrvStatus orvsSubCRev_32s_Sfs(const Orv32s* src, Orv32s val, Orv32s* dst, int len, int scale)
 {
-    return scaled_constant_form(minus_from(val), src, dst, len, scale, 32);
+    return scaled_form(minus_from(val), dst, len, scale, 32, src);
 }
 OrvStatus orvsSubCRev_32s_ISfs(Orv32s val, Orv32s* srcDst, int len, int scale)
 {
@@ -122,7 +123,7 @@ OrvStatus orvsSubCRev_32s_ISfs(Orv32s val, Orv32s* srcDst, int len, int scale)
 }
 OrvStatus orvsSubCRev_16sc_Sfs(const Orv16sc* src, Orv16sc val, Orv16sc* dst, int len, int scale)
 {
-    return scaled_constant_form(minus_from(val), src, dst, len, scale, 16);
+    return scaled_form(minus_from(val), dst, len, scale, 16, src);
 }
 OrvStatus orvsSubCRev_16sc_ISfs(Orv16sc val, Orv16sc* srcDst, int len, int scale)
 {
@@ -130,7 +131,7 @@ OrvStatus orvsSubCRev_16sc_ISfs(Orv16sc val, Orv16sc* srcDst, int len, int scale
 }
 OrvStatus orvsSubCRev_32sc_Sfs(const Orv32sc* src, Orv32sc val, Orv32sc* dst, int len, int scale)
 {
-    return scaled_constant_form(minus_from(val), src, dst, len, scale, 32);
+    return scaled_form(minus_from(val), dst, len, scale, 32, src);
 }
 OrvStatus orvsSubCRev_32sc_ISfs(Orv32sc val, Orv32sc* srcDst, int len, int scale)
 {
@@ -142,25 +143,25 @@ OrvStatus orvsSubCRev_32sc_ISfs(Orv32sc val, Orv32sc* srcDst, int len, int scale
 OrvStatus orvsSubC_32f(const Orv32f* src, Orv32f val, Orv32f* dst, int len)
 {
     const auto v = splat(val);
-    return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x - v; }, src, dst, len);
+    return float_form([=](auto x) ORV_INLINE_LAMBDA { return x - v; }, dst, len, src);
 }
 OrvStatus orvsSubC_32f_I(Orv32f val, Orv32f* srcDst, int len) { return orvsSubC_32f(srcDst, val, srcDst, len); }
 OrvStatus orvsSubC_64f(const Orv64f* src, Orv64f val, Orv64f* dst, int len)
 {
     const auto v = splat(val);
-    return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x - v; }, src, dst, len);
+    return float_form([=](auto x) ORV_INLINE_LAMBDA { return x - v; }, dst, len, src);
 }
 OrvStatus orvsSubC_64f_I(Orv64f val, Orv64f* srcDst, int len) { return orvsSubC_64f(srcDst, val, srcDst, len); }
 OrvStatus orvsSubC_32fc(const Orv32fc* src, Orv32fc val, Orv32fc* dst, int len)
 {
     const auto v = splat(val);
-    return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x - v; }, src, dst, len);
+    return float_form([=](auto x) ORV_INLINE_LAMBDA { return x - v; }, dst, len, src);
 }
 OrvStatus orvsSubC_32fc_I(Orv32fc val, Orv32fc* srcDst, int len) { return orvsSubC_32fc(srcDst, val, srcDst, len); }
 OrvStatus orvsSubC_64fc(const Orv64fc* src, Orv64fc val, Orv64fc* dst, int len)
 {
     const auto v = splat(val);
-    return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return x - v; }, src, dst, len);
+    return float_form([=](auto x) ORV_INLINE_LAMBDA { return x - v; }, dst, len, src);
 }
 OrvStatus orvsSubC_64fc_I(Orv64fc val, Orv64fc* srcDst, int len) { return orvsSubC_64fc(srcDst, val, srcDst, len); }
 
@@ -169,19 +170,19 @@ OrvStatus orvsSubC_64fc_I(Orv64fc val, Orv64fc* srcDst, int len) { return orvsSu
 OrvStatus orvsSubCRev_32f(const Orv32f* src, Orv32f val, Orv32f* dst, int len)
 {
     const auto v = splat(val);
-    return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return v - x; }, src, dst, len);
+    return float_form([=](auto x) ORV_INLINE_LAMBDA { return v - x; }, dst, len, src);
 }
 OrvStatus orvsSubCRev_32f_I(Orv32f val, Orv32f* srcDst, int len) { return orvsSubCRev_32f(srcDst, val, srcDst, len); }
 OrvStatus orvsSubCRev_64f(const Orv64f* src, Orv64f val, Orv64f* dst, int len)
 {
     const auto v = splat(val);
-    return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return v - x; }, src, dst, len);
+    return float_form([=](auto x) ORV_INLINE_LAMBDA { return v - x; }, dst, len, src);
 }
 OrvStatus orvsSubCRev_64f_I(Orv64f val, Orv64f* srcDst, int len) { return orvsSubCRev_64f(srcDst, val, srcDst, len); }
 OrvStatus orvsSubCRev_32fc(const Orv32fc* src, Orv32fc val, Orv32fc* dst, int len)
 {
     const auto v = splat(val);
-    return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return v - x; }, src, dst, len);
+    return float_form([=](auto x) ORV_INLINE_LAMBDA { return v - x; }, dst, len, src);
 }
 OrvStatus orvsSubCRev_32fc_I(Orv32fc val, Orv32fc* srcDst, int len)
 {
@@ -190,7 +191,7 @@ OrvStatus orvsSubCRev_32fc_I(Orv32fc val, Orv32fc* srcDst, int len)
 OrvStatus orvsSubCRev_64fc(const Orv64fc* src, Orv64fc val, Orv64fc* dst, int len)
 {
     const auto v = splat(val);
-    return float_constant_form([=](auto x) ORV_INLINE_LAMBDA { return v - x; }, src, dst, len);
+    return float_form([=](auto x) ORV_INLINE_LAMBDA { return v - x; }, dst, len, src);
 }
 OrvStatus orvsSubCRev_64fc_I(Orv64fc val, Orv64fc* srcDst, int len)
 {

@@ -31,13 +31,13 @@ public:
 private:
     static constexpr Orv32u watched = rounding | mask_all | invalid_flag;
 
-    static ORV_INLINE Orv32u read()
+    ORV_INLINE static Orv32u read()
     {
         Orv32u word;
         __asm__ volatile("vstmxcsr %0" : "=m"(word) : : "memory");
         return word;
     }
-    static ORV_INLINE void write(Orv32u word) { __asm__ volatile("vldmxcsr %0" : : "m"(word) : "memory"); }
+    ORV_INLINE static void write(Orv32u word) { __asm__ volatile("vldmxcsr %0" : : "m"(word) : "memory"); }
 
     Orv32u saved_;
 };
@@ -45,6 +45,11 @@ private:
 /// Roundings to nearest, ties to even, whatever the caller has set; conversions of values out of range are silent.
 struct NearestState : FloatState {
     ORV_INLINE NearestState() : FloatState(rounding, mask_invalid) {}
+};
+
+/// For integers that pass through floating point: to nearest, and no exception reaches the caller.
+struct IntegerState : FloatState {
+    ORV_INLINE IntegerState() : FloatState(rounding, mask_all) {}
 };
 
 /// The caller's rounding; only conversions of values out of range are made silent.

@@ -4,13 +4,15 @@
 // ties to even, saturated last. An operation that follows the law gives two things on vectors of operands:
 //
 //     saturated(a, b, ...)    x, stopped at the limits of the type
-//     exact(a, b, ...)        x itself, in one of the forms below
+//     exact(a, b, ...)        x itself, in one of the forms below: half_odd, split or even_odd lanes, roomy
 //
 // and the roads follow: scale = 0 is saturated; scale > 0 rounds exact; scale < 0 shifts saturated to the left, which
 // is right because a value that has met a limit stays at it; far below zero only the sign counts, and far above zero
 // the quotient is 0 for every operand.
 #ifndef ORV_FRAME_SCALE_H
 #define ORV_FRAME_SCALE_H
+
+#include <utility>
 
 #include "frame/map.h"
 #include "simd/saturate.h"
@@ -142,45 +144,138 @@ ORV_INLINE vec<T> round_half(half_odd<T> x)
     }
 }
 
-/// Exact values in wide lanes: each is rounded there, and saturated when the lanes are packed.
-ORV_INLINE vec<Orv16s> round_shift(split<Orv32s> x, const rounding<Orv32s>& c)
+// ---- Exact values in wide lanes: each is rounded there, and saturated when the lanes are packed
+
+template <class T, class Round>
+ORV_INLINE auto pack_each(split<T> x, Round round)
 {
-    return pack_sat(split<Orv32s>{round_shift(exact_lane(x.low), c), round_shift(exact_lane(x.high), c)});
+    return pack_sat(split<T>{round(x.low), round(x.high)});
 }
-ORV_INLINE vec<Orv16s> round_half(split<Orv32s> x)
+template <class T, class Round>
+ORV_INLINE auto pack_each(even_odd<T> x, Round round)
 {
-    return pack_sat(split<Orv32s>{round_half(exact_lane(x.low)), round_half(exact_lane(x.high))});
+    return pack_sat(even_odd<T>{round(x.even), round(x.odd)});
 }
-ORV_INLINE vec<Orv32s> round_shift(even_odd<Orv64s> x, const rounding<Orv64s>& c)
+template <class T, class Round>
+ORV_INLINE auto pack_each(vec<T> x, Round round)
 {
-    return pack_sat(even_odd<Orv64s>{round_shift(exact_lane(x.even), c), round_shift(exact_lane(x.odd), c)});
-}
-ORV_INLINE vec<Orv32s> round_half(even_odd<Orv64s> x)
-{
-    return pack_sat(even_odd<Orv64s>{round_half(exact_lane(x.even)), round_half(exact_lane(x.odd))});
+    return round(x);
 }
 
-// ---- The roads
+template <template <class> class Wide, class T>
+ORV_INLINE auto round_shift(Wide<T> x, const rounding<T>& c)
+{
+    return pack_each(x, [&](auto lanes) ORV_INLINE_LAMBDA { return round_shift(exact_lane(lanes), c); });
+}
+template <template <class> class Wide, class T>
+ORV_INLINE auto round_half(Wide<T> x)
+{
+    return pack_each(x, [](auto lanes) ORV_INLINE_LAMBDA { return round_half(exact_lane(lanes)); });
+}
+
+// ---- The same where the lanes have room
+
+/// Exact values that leave room for the addition which rounds them: signed ones of at most a quarter of the lane's
+/// range with scales up to bits - 2, and any in 16-bit unsigned lanes, where the average instruction has a bit more.
+template <class Wide>
+struct roomy {
+    using lane = typename Wide::lane;
+    Wide x;
+};
+
+/// The constants of a shift by scale, 1 <= scale.
+template <class T>
+struct plain_rounding {
+    shift_count shift;
+    vec<T> below_half; // the largest fraction that is less than one half
+
+    explicit plain_rounding(int scale) : shift(by(scale)), below_half(splat(T((T(1) << (scale - 1)) - 1))) {}
+};
+
+/// Adds just below one half, and the rest of it where the quotient is odd, so that only the ties there go up.
+template <class T>
+ORV_INLINE vec<T> round_plain(vec<T> x, const plain_rounding<T>& c)
+{
+    const auto odd = shift_right_logical(x, c.shift) & splat(T(1));
+    return shift_right(x + (c.below_half + odd), c.shift);
+}
+
+/// (a + b + 1) / 2 with a carry is the first step of the shift; scale >= 2.
+template <>
+struct plain_rounding<Orv16u> {
+    shift_count shift, shift_less_one;
+    vec<Orv16u> below_half_less_one;
+
+    explicit plain_rounding(int scale)
+        : shift(by(scale)), shift_less_one(by(scale - 1)), below_half_less_one(splat(Orv16u((1 << (scale - 1)) - 2)))
+    {}
+};
+ORV_INLINE vec<Orv16u> round_plain(vec<Orv16u> x, const plain_rounding<Orv16u>& c)
+{
+    const auto odd = shift_right_logical(x, c.shift) & splat(Orv16u(1));
+    const vec<Orv16u> first_step = {_mm256_avg_epu16(x.r, (c.below_half_less_one + odd).r)};
+    return shift_right_logical(first_step, c.shift_less_one);
+}
+
+/// To nearest at scale 1.
+template <class T>
+ORV_INLINE vec<T> halve_plain(vec<T> x)
+{
+    return shift_right(x + (shift_right_logical(x, by(1)) & splat(T(1))), by(1));
+}
+
+template <class Wide>
+ORV_INLINE auto round_shift(roomy<Wide> x, const plain_rounding<typename Wide::lane>& c)
+{
+    return pack_each(x.x, [&](auto lanes) ORV_INLINE_LAMBDA { return round_plain(lanes, c); });
+}
+template <class Wide>
+ORV_INLINE auto round_half(roomy<Wide> x)
+{
+    return pack_each(x.x, [](auto lanes) ORV_INLINE_LAMBDA { return halve_plain(lanes); });
+}
+
+template <class Exact>
+struct rounding_for {
+    using type = rounding<typename Exact::lane>;
+};
+template <class Wide>
+struct rounding_for<roomy<Wide>> {
+    using type = plain_rounding<typename Wide::lane>;
+};
+
+// ---- The roads. Lanes of D may be pairs of narrower lanes, which the operation takes apart.
 
 template <int unit = 1, class Op, class D, class... S>
 ORV_INLINE void map_saturated(Op op, D* d, int n, const S*... s)
 {
-    map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return op.saturated(x...); }, d, n, s...);
+    map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return as<D>(op.saturated(x...)); }, d, n, s...);
 }
 
 template <int unit = 1, class Op, class D, class... S>
 ORV_INLINE void map_halved(Op op, D* d, int n, const S*... s)
 {
-    map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return round_half(op.exact(x...)); }, d, n, s...);
+    map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return as<D>(round_half(op.exact(x...))); }, d, n, s...);
 }
+
+/// What the operation gives for sources of the types S and a destination of type D.
+template <class Op, class D, class... S>
+using exact_of = decltype(std::declval<Op>().exact(vec<S, vec<D>::N>{}...));
 
 /// 2 <= scale <= bits of the lane of exact.
 template <int unit = 1, class Op, class D, class... S>
 ORV_INLINE void map_rounded(Op op, D* d, int n, int scale, const S*... s)
 {
-    using Lane = typename decltype(op.exact(vec<S, vec<D>::N>{}...))::lane;
-    const rounding<Lane> c(scale);
-    map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return round_shift(op.exact(x...), c); }, d, n, s...);
+    const typename rounding_for<exact_of<Op, D, S...>>::type c(scale);
+    map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return as<D>(round_shift(op.exact(x...), c)); }, d, n, s...);
+}
+
+/// The same for a scale of one more, which sums of unsigned lanes need.
+template <int unit = 1, class Op, class D, class... S>
+ORV_INLINE void map_rounded_far(Op op, D* d, int n, int scale, const S*... s)
+{
+    const rounding<D> c(scale - 1);
+    map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return round_shift(with_trace(op.exact(x...)), c); }, d, n, s...);
 }
 
 /// left = -scale > 0.
@@ -188,28 +283,29 @@ template <int unit = 1, class Op, class D, class... S>
 ORV_INLINE void map_shifted(Op op, D* d, int n, int left, const S*... s)
 {
     const shift_count c = by(left);
-    map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return shift_left_sat(op.saturated(x...), c); }, d, n, s...);
+    map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return as<D>(shift_left_sat(op.saturated(x...), c)); }, d, n, s...);
 }
 
 template <int unit = 1, class Op, class D, class... S>
 ORV_INLINE void map_bound(Op op, D* d, int n, const S*... s)
 {
-    map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return sign_limit(op.saturated(x...)); }, d, n, s...);
+    map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return as<D>(sign_limit(op.saturated(x...))); }, d, n, s...);
 }
 
-/// All roads for lanes whose exact value is a half_odd of the destination's type. The caller has filled with zeros
-/// above the largest scale that needs a look: bits of the lane, or one more for a sum of unsigned values.
+/// All roads. The caller has filled with zeros above the largest scale that needs a look: bits of the lane of exact, or
+/// one more for a sum of unsigned values.
 template <int unit = 1, class Op, class D, class... S>
 ORV_INLINE void map_scaled(Op op, D* d, int n, int scale, const S*... s)
 {
+    constexpr bool is_unsigned_sum = std::is_same_v<exact_of<Op, D, S...>, half_odd<D>> && std::is_unsigned_v<D>;
     if (scale == 0) {
         map_saturated<unit>(op, d, n, s...);
     } else if (scale == 1) {
         map_halved<unit>(op, d, n, s...);
-    } else if (std::is_unsigned_v<D> && scale > bits_of<D>) {
-        const rounding<D> c(scale - 1);
-        map<unit>([=](auto... x) ORV_INLINE_LAMBDA { return round_shift(with_trace(op.exact(x...)), c); }, d, n, s...);
     } else if (scale > 0) {
+        if constexpr (is_unsigned_sum) {
+            if (scale > bits_of<D>) return map_rounded_far<unit>(op, d, n, scale, s...);
+        }
         map_rounded<unit>(op, d, n, scale, s...);
     } else if (scale > -bits_of<D>) {
         map_shifted<unit>(op, d, n, -scale, s...);

@@ -75,7 +75,29 @@ ORV_INLINE vec<T> step_up_sat(vec<T> v, vec<T> step)
 }
 
 /// Wide lanes back in narrow ones.
+ORV_INLINE vec<Orv8u> pack_sat(split<Orv16u> w)
+{
+    // The instruction takes its operands for signed ones.
+    const __m256i limit = _mm256_set1_epi16(max_of<Orv8u>);
+    return {_mm256_packus_epi16(_mm256_min_epu16(w.low.r, limit), _mm256_min_epu16(w.high.r, limit))};
+}
+ORV_INLINE vec<Orv16u> pack_sat(split<Orv32u> w)
+{
+    const __m256i limit = _mm256_set1_epi32(max_of<Orv16u>);
+    return {_mm256_packus_epi32(_mm256_min_epu32(w.low.r, limit), _mm256_min_epu32(w.high.r, limit))};
+}
 ORV_INLINE vec<Orv16s> pack_sat(split<Orv32s> w) { return {_mm256_packs_epi32(w.low.r, w.high.r)}; }
+/// Two vectors one after the other.
+ORV_INLINE vec<Orv16s> pack_sat(vec<Orv32s> first, vec<Orv32s> second)
+{
+    return {_mm256_permute4x64_epi64(_mm256_packs_epi32(first.r, second.r), 0xd8)};
+}
+ORV_INLINE vec<Orv16s> pack_sat(even_odd<Orv32s> w)
+{
+    // Four even lanes, then four odd ones, in each half.
+    const __m128i order = _mm_setr_epi8(0, 1, 8, 9, 2, 3, 10, 11, 4, 5, 12, 13, 6, 7, 14, 15);
+    return {_mm256_shuffle_epi8(_mm256_packs_epi32(w.even.r, w.odd.r), _mm256_broadcastsi128_si256(order))};
+}
 ORV_INLINE vec<Orv32s> pack_sat(even_odd<Orv64s> w)
 {
     const auto clamp = [](vec<Orv64s> v) {

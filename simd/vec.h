@@ -6,6 +6,7 @@
 #define ORV_SIMD_VEC_H
 
 #include <immintrin.h>
+#include <limits>
 #include <type_traits>
 
 #include "orvs/types.h"
@@ -41,6 +42,15 @@ struct vec {
     using lane = T;
     using reg = typename reg_of<T, lanes* int(sizeof(T))>::type;
     reg r;
+};
+
+/// More lanes than a register has: for a source of wider elements than the destination's. It is what pack makes into
+/// one register.
+template <class T, int lanes>
+requires(lanes * sizeof(T) > 32) struct vec<T, lanes> {
+    static constexpr int N = lanes;
+    using lane = T;
+    vec<T, lanes / 2> low, high;
 };
 
 template <class T>
@@ -105,7 +115,9 @@ template <class T, int N = vec<T>::N>
 ORV_INLINE vec<T, N> load(const T* p)
 {
     using V = vec<T, N>;
-    if constexpr (sizeof(typename V::reg) == 16) {
+    if constexpr (N > vec<T>::N) {
+        return {load<T, N / 2>(p), load<T, N / 2>(p + N / 2)};
+    } else if constexpr (sizeof(typename V::reg) == 16) {
         return {_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))};
     } else {
         return {reinterpret_cast<typename V::reg>(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)))};
@@ -186,6 +198,14 @@ ORV_INLINE vec<T, N> load_n(const T* elements, int n)
         }
     }
     return repeat(_mm_set1_epi8(*p)); // one byte: only 8-bit types come here
+}
+
+template <class T, int N>
+requires(N > vec<T>::N) ORV_INLINE vec<T, N> load_n(const T* elements, int n)
+{
+    if (n >= N / 2) return {load<T, N / 2>(elements), load<T, N / 2>(elements + (n - N / 2))};
+    const auto all = load_n<T, N / 2>(elements, n);
+    return {all, all};
 }
 
 /// Stores what load_n arranged: n elements, 0 < n < N, and nothing around them.
@@ -285,8 +305,16 @@ ORV_INLINE vec<T> and_not(vec<T> a, vec<T> b)
     return {_mm256_andnot_si256(a.r, b.r)};
 }
 
+ORV_INLINE vec<Orv32f> operator*(vec<Orv32f> a, vec<Orv32f> b) { return {a.r * b.r}; }
+ORV_INLINE vec<Orv64f> operator*(vec<Orv64f> a, vec<Orv64f> b) { return {a.r * b.r}; }
+ORV_INLINE vec<Orv32f> operator/(vec<Orv32f> a, vec<Orv32f> b) { return {a.r / b.r}; }
+ORV_INLINE vec<Orv64f> operator/(vec<Orv64f> a, vec<Orv64f> b) { return {a.r / b.r}; }
+
+/// a * b + c and c - a * b, rounded once.
 ORV_INLINE vec<Orv32f> fma(vec<Orv32f> a, vec<Orv32f> b, vec<Orv32f> c) { return {_mm256_fmadd_ps(a.r, b.r, c.r)}; }
 ORV_INLINE vec<Orv64f> fma(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f> c) { return {_mm256_fmadd_pd(a.r, b.r, c.r)}; }
+ORV_INLINE vec<Orv32f> fnma(vec<Orv32f> a, vec<Orv32f> b, vec<Orv32f> c) { return {_mm256_fnmadd_ps(a.r, b.r, c.r)}; }
+ORV_INLINE vec<Orv64f> fnma(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f> c) { return {_mm256_fnmadd_pd(a.r, b.r, c.r)}; }
 
 // ---- Pairs of lanes: complex numbers as (re, im)
 
@@ -311,11 +339,41 @@ ORV_INLINE vec<T> odd_twice(vec<T> v)
 template <class T>
 ORV_INLINE vec<T> swap_pairs(vec<T> v)
 {
-    if constexpr (sizeof(T) == 4) {
+    if constexpr (sizeof(T) == 2) {
+        const __m128i order = _mm_setr_epi8(2, 3, 0, 1, 6, 7, 4, 5, 10, 11, 8, 9, 14, 15, 12, 13);
+        return {_mm256_shuffle_epi8(v.r, _mm256_broadcastsi128_si256(order))};
+    } else if constexpr (sizeof(T) == 4) {
         return {_mm256_permute_ps(v.r, 0xb1)};
     } else {
         return {_mm256_permute_pd(v.r, 0x5)};
     }
+}
+/// re = a.re * b.re - c.re, im = a.im * b.im + c.im, each rounded once.
+ORV_INLINE vec<Orv32f> fma_subtract_add(vec<Orv32f> a, vec<Orv32f> b, vec<Orv32f> c)
+{
+    return {_mm256_fmaddsub_ps(a.r, b.r, c.r)};
+}
+ORV_INLINE vec<Orv64f> fma_subtract_add(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f> c)
+{
+    return {_mm256_fmaddsub_pd(a.r, b.r, c.r)};
+}
+/// re = a.re * b.re + c.re, im = a.im * b.im - c.im, each rounded once.
+ORV_INLINE vec<Orv32f> fma_add_subtract(vec<Orv32f> a, vec<Orv32f> b, vec<Orv32f> c)
+{
+    return {_mm256_fmsubadd_ps(a.r, b.r, c.r)};
+}
+ORV_INLINE vec<Orv64f> fma_add_subtract(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f> c)
+{
+    return {_mm256_fmsubadd_pd(a.r, b.r, c.r)};
+}
+/// Each of four lanes as a pair.
+template <class T>
+ORV_INLINE vec<T> as_pairs(vec<T, 4> v)
+{
+    static_assert(sizeof(T) == 4);
+    const __m256i lanes =
+        _mm256_permutevar8x32_epi32(_mm256_castsi128_si256(v.r), _mm256_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3));
+    return {reinterpret_cast<typename vec<T>::reg>(lanes)};
 }
 /// -re, im: flips the sign bit, so it is exact for every value.
 template <class T>
@@ -457,6 +515,17 @@ ORV_INLINE auto widen(vec<T, N> v)
     }
 }
 
+template <class T>
+ORV_INLINE vec<T, vec<T>::N / 2> low_half(vec<T> v)
+{
+    return {_mm256_castsi256_si128(v.r)};
+}
+template <class T>
+ORV_INLINE vec<T, vec<T>::N / 2> high_half(vec<T> v)
+{
+    return {_mm256_extracti128_si256(v.r, 1)};
+}
+
 ORV_INLINE vec<Orv32f> to_float(vec<Orv32s> v) { return {_mm256_cvtepi32_ps(v.r)}; }
 
 /// Two vectors of wide lanes for one of narrow lanes. The instructions that unpack and pack work within each half of a
@@ -466,7 +535,7 @@ struct split {
     using lane = T;
     vec<T> low, high;
 };
-/// The same for 64-bit lanes: those of the even and of the odd narrow lanes.
+/// The same as those of the even and of the odd narrow lanes: of 64-bit lanes, of real and imaginary parts.
 template <class T>
 struct even_odd {
     using lane = T;
@@ -482,6 +551,68 @@ ORV_INLINE vec<Orv32s> multiply_wide(vec<Orv16s, 8> a, vec<Orv16s, 8> b)
     // Each 16-bit value stands beside a zero: the sum of two products is the one.
     return {_mm256_madd_epi16(_mm256_cvtepu16_epi32(a.r), _mm256_cvtepu16_epi32(b.r))};
 }
+/// a * b, exact.
+ORV_INLINE vec<Orv16u> multiply_wide(vec<Orv8u, 16> a, vec<Orv8u, 16> b)
+{
+    return {_mm256_mullo_epi16(_mm256_cvtepu8_epi16(a.r), _mm256_cvtepu8_epi16(b.r))};
+}
+ORV_INLINE split<Orv16u> multiply_wide(vec<Orv8u> a, vec<Orv8u> b)
+{
+    const __m256i zero = _mm256_setzero_si256();
+    return {{_mm256_mullo_epi16(_mm256_unpacklo_epi8(a.r, zero), _mm256_unpacklo_epi8(b.r, zero))},
+            {_mm256_mullo_epi16(_mm256_unpackhi_epi8(a.r, zero), _mm256_unpackhi_epi8(b.r, zero))}};
+}
+ORV_INLINE split<Orv32s> multiply_wide(vec<Orv16s> a, vec<Orv16s> b)
+{
+    const __m256i low = _mm256_mullo_epi16(a.r, b.r), high = _mm256_mulhi_epi16(a.r, b.r);
+    return {{_mm256_unpacklo_epi16(low, high)}, {_mm256_unpackhi_epi16(low, high)}};
+}
+ORV_INLINE split<Orv32u> multiply_wide(vec<Orv16u> a, vec<Orv16u> b)
+{
+    const __m256i low = _mm256_mullo_epi16(a.r, b.r), high = _mm256_mulhi_epu16(a.r, b.r);
+    return {{_mm256_unpacklo_epi16(low, high)}, {_mm256_unpackhi_epi16(low, high)}};
+}
+ORV_INLINE split<Orv32s> multiply_wide(vec<Orv16u> a, vec<Orv16s> b)
+{
+    // An unsigned product takes a negative b for b + 2^16.
+    const __m256i low = _mm256_mullo_epi16(a.r, b.r);
+    const __m256i excess = _mm256_and_si256(a.r, _mm256_srai_epi16(b.r, 15));
+    const __m256i high = _mm256_sub_epi16(_mm256_mulhi_epu16(a.r, b.r), excess);
+    return {{_mm256_unpacklo_epi16(low, high)}, {_mm256_unpackhi_epi16(low, high)}};
+}
+ORV_INLINE even_odd<Orv64s> multiply_wide(vec<Orv32s> a, vec<Orv32s> b)
+{
+    const auto odd = [](vec<Orv32s> v) { return _mm256_srli_epi64(v.r, 32); };
+    return {{_mm256_mul_epi32(a.r, b.r)}, {_mm256_mul_epi32(odd(a), odd(b))}};
+}
+
+/// 2^(bits - 1), which has wrapped to the minimum, becomes the maximum below it.
+template <class T>
+ORV_INLINE vec<T> step_below_top(vec<T> x)
+{
+    return x + is_equal(x, splat(std::numeric_limits<T>::min()));
+}
+
+/// The product of complex values, exact but for one pair of operands. The real part lies in -2^31 + 2^15 ... 2^31 -
+/// 2^15. The imaginary part reaches 2^31 where all four parts are -2^15, and nothing else wraps to the minimum; it is
+/// taken for 2^31 - 1, which rounds to the same 16-bit value at every scale.
+ORV_INLINE even_odd<Orv32s> multiply_complex(vec<Orv16s> a, vec<Orv16s> b)
+{
+    // -b.im might overflow, ~b.im = -b.im - 1 never does; a.im makes up for the 1.
+    const __m256i conjugate = _mm256_xor_si256(b.r, _mm256_set1_epi32(-0x10000));
+    const __m256i re = _mm256_add_epi32(_mm256_madd_epi16(a.r, conjugate), _mm256_srai_epi32(a.r, 16));
+    const __m256i im = _mm256_madd_epi16(a.r, swap_pairs(b).r);
+    return {{re}, step_below_top(vec<Orv32s>{im})};
+}
+/// The same for 32-bit parts: 2^63, of four times -2^31, is taken for 2^63 - 1.
+ORV_INLINE even_odd<Orv64s> multiply_complex(vec<Orv32s> a, vec<Orv32s> b)
+{
+    const __m256i a_im = _mm256_srli_epi64(a.r, 32), b_im = _mm256_srli_epi64(b.r, 32);
+    const __m256i re = _mm256_sub_epi64(_mm256_mul_epi32(a.r, b.r), _mm256_mul_epi32(a_im, b_im));
+    const __m256i im = _mm256_add_epi64(_mm256_mul_epi32(a.r, b_im), _mm256_mul_epi32(a_im, b.r));
+    return {{re}, step_below_top(vec<Orv64s>{im})};
+}
+
 /// a * b + c, exact: at most 2^30 + 2^15.
 ORV_INLINE split<Orv32s> multiply_add_wide(vec<Orv16s> a, vec<Orv16s> b, vec<Orv16s> c)
 {

@@ -1,0 +1,97 @@
+// Floating-point lanes: limits, signs, rounding, and the way to integers and back.
+#ifndef ORV_SIMD_FLOAT_H
+#define ORV_SIMD_FLOAT_H
+
+#include <bit>
+
+#include "simd/vec.h"
+
+namespace ORV_VARIANT {
+
+// ---- Limits; where an operand is a NaN, the second one is the result
+
+ORV_INLINE vec<Orv32f> min(vec<Orv32f> a, vec<Orv32f> b) { return {_mm256_min_ps(a.r, b.r)}; }
+ORV_INLINE vec<Orv64f> min(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_min_pd(a.r, b.r)}; }
+ORV_INLINE vec<Orv32f> max(vec<Orv32f> a, vec<Orv32f> b) { return {_mm256_max_ps(a.r, b.r)}; }
+ORV_INLINE vec<Orv64f> max(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_max_pd(a.r, b.r)}; }
+
+// ---- Bits. Masks of comparisons are lanes of the same type.
+
+ORV_INLINE vec<Orv32f> operator&(vec<Orv32f> a, vec<Orv32f> b) { return {_mm256_and_ps(a.r, b.r)}; }
+ORV_INLINE vec<Orv64f> operator&(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_and_pd(a.r, b.r)}; }
+ORV_INLINE vec<Orv32f> operator|(vec<Orv32f> a, vec<Orv32f> b) { return {_mm256_or_ps(a.r, b.r)}; }
+ORV_INLINE vec<Orv64f> operator|(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_or_pd(a.r, b.r)}; }
+ORV_INLINE vec<Orv32f> operator^(vec<Orv32f> a, vec<Orv32f> b) { return {_mm256_xor_ps(a.r, b.r)}; }
+ORV_INLINE vec<Orv64f> operator^(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_xor_pd(a.r, b.r)}; }
+ORV_INLINE vec<Orv32f> and_not(vec<Orv32f> a, vec<Orv32f> b) { return {_mm256_andnot_ps(a.r, b.r)}; }
+ORV_INLINE vec<Orv64f> and_not(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_andnot_pd(a.r, b.r)}; }
+
+template <class T>
+requires is_float<T> ORV_INLINE vec<T> sign_bit(vec<T> v) { return v & splat(T(-0.0)); }
+template <class T>
+requires is_float<T> ORV_INLINE vec<T> magnitude(vec<T> v) { return and_not(splat(T(-0.0)), v); }
+
+/// a == b and a > b, without an exception for quiet NaNs, which are neither.
+ORV_INLINE vec<Orv32f> is_equal(vec<Orv32f> a, vec<Orv32f> b) { return {_mm256_cmp_ps(a.r, b.r, _CMP_EQ_OQ)}; }
+ORV_INLINE vec<Orv64f> is_equal(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_cmp_pd(a.r, b.r, _CMP_EQ_OQ)}; }
+ORV_INLINE vec<Orv32f> is_greater(vec<Orv32f> a, vec<Orv32f> b) { return {_mm256_cmp_ps(a.r, b.r, _CMP_GT_OQ)}; }
+ORV_INLINE vec<Orv64f> is_greater(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_cmp_pd(a.r, b.r, _CMP_GT_OQ)}; }
+
+/// Whether a mask has any lane.
+ORV_INLINE bool any(vec<Orv32f> mask) { return _mm256_movemask_ps(mask.r) != 0; }
+ORV_INLINE bool any(vec<Orv64f> mask) { return _mm256_movemask_pd(mask.r) != 0; }
+
+/// mask ? a : b.
+ORV_INLINE vec<Orv32f> blend(vec<Orv32f> mask, vec<Orv32f> a, vec<Orv32f> b)
+{
+    return {_mm256_blendv_ps(b.r, a.r, mask.r)};
+}
+ORV_INLINE vec<Orv64f> blend(vec<Orv64f> mask, vec<Orv64f> a, vec<Orv64f> b)
+{
+    return {_mm256_blendv_pd(b.r, a.r, mask.r)};
+}
+
+// ---- Rounding to an integral value, whatever the state of the processor
+
+ORV_INLINE vec<Orv32f> to_nearest(vec<Orv32f> v) { return {_mm256_round_ps(v.r, _MM_FROUND_TO_NEAREST_INT | 8)}; }
+ORV_INLINE vec<Orv64f> to_nearest(vec<Orv64f> v) { return {_mm256_round_pd(v.r, _MM_FROUND_TO_NEAREST_INT | 8)}; }
+ORV_INLINE vec<Orv32f> toward_zero(vec<Orv32f> v) { return {_mm256_round_ps(v.r, _MM_FROUND_TO_ZERO | 8)}; }
+ORV_INLINE vec<Orv64f> toward_zero(vec<Orv64f> v) { return {_mm256_round_pd(v.r, _MM_FROUND_TO_ZERO | 8)}; }
+
+// ---- Conversions by the rounding state; what no integer holds becomes the lowest one
+
+ORV_INLINE vec<Orv32s> to_int(vec<Orv32f> v) { return {_mm256_cvtps_epi32(v.r)}; }
+ORV_INLINE vec<Orv32s> to_int(vec<Orv64f, 8> v)
+{
+    return {_mm256_set_m128i(_mm256_cvtpd_epi32(v.high.r), _mm256_cvtpd_epi32(v.low.r))};
+}
+ORV_INLINE vec<Orv64f, 8> to_double(vec<Orv32f> v)
+{
+    return {{_mm256_cvtps_pd(_mm256_castps256_ps128(v.r))}, {_mm256_cvtps_pd(_mm256_extractf128_ps(v.r, 1))}};
+}
+ORV_INLINE vec<Orv32f> to_float(vec<Orv64f, 8> v)
+{
+    return {_mm256_set_m128(_mm256_cvtpd_ps(v.high.r), _mm256_cvtpd_ps(v.low.r))};
+}
+ORV_INLINE vec<Orv64f, 8> to_double(vec<Orv32s> v)
+{
+    return {{_mm256_cvtepi32_pd(_mm256_castsi256_si128(v.r))}, {_mm256_cvtepi32_pd(_mm256_extracti128_si256(v.r, 1))}};
+}
+
+/// 2^-scale by arithmetic on the exponent, which wraps where the type has no such power.
+template <class T>
+requires is_float<T> ORV_INLINE T power_of_two(int scale)
+{
+    if constexpr (sizeof(T) == 4) {
+        return std::bit_cast<T>(0x3f800000u - (Orv32u(scale) << 23));
+    } else {
+        return std::bit_cast<T>(0x3ff0000000000000u - (Orv64u(Orv64s(scale)) << 52));
+    }
+}
+
+/// 1 / v within 1.5 * 2^-12.
+ORV_INLINE vec<Orv32f> estimate_reciprocal(vec<Orv32f> v) { return {_mm256_rcp_ps(v.r)}; }
+
+} // namespace ORV_VARIANT
+
+#endif
