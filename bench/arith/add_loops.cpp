@@ -1,38 +1,10 @@
 // A file of their own, so that no caller's constants reach the loops.
 #include "bench/arith/add_loops.h"
 
-#include <algorithm>
-#include <limits>
-#include <type_traits>
-
+#include "bench/arith/scaled_loop.h"
 #include "orvs/types.h"
 
 namespace loops {
-namespace {
-
-/// Holds every sum and difference of two T.
-template <class T>
-using wide = std::conditional_t<std::is_floating_point_v<T>, T, std::conditional_t<sizeof(T) < 4, Orv32s, Orv64s>>;
-
-template <class T>
-T saturate(wide<T> x)
-{
-    if constexpr (std::is_floating_point_v<T>) {
-        return x;
-    } else {
-        return static_cast<T>(std::clamp<wide<T>>(x, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
-    }
-}
-
-/// To nearest: adds just below one half, and a little more when the integer part is odd, then rounds down.
-template <class T>
-T scaled(wide<T> x, int scale)
-{
-    const wide<T> half = wide<T>{1} << (scale - 1);
-    return saturate<T>((x + half - 1 + ((x >> scale) & 1)) >> scale);
-}
-
-} // namespace
 
 template <class T>
 void add(const T* __restrict src1, const T* __restrict src2, T* __restrict dst, int n)

@@ -1,5 +1,5 @@
-/* Element-wise arithmetic: sums and differences of vectors, of a vector and a scalar, sums of products, bitwise logic,
- * shifts.
+/* Element-wise arithmetic: sums, differences, products and quotients of vectors, of a vector and a scalar; sums of
+ * products; bitwise logic; shifts.
  *
  *     Orv16s mix[480];
  *     orvsAdd_16s_Sfs(speech, noise, mix, 480, 1);     // mix[i] = (speech[i] + noise[i]) / 2, to nearest, ties to even
@@ -7,11 +7,14 @@
  * The law of scale factors. A form with Sfs computes the exact result x of its operation and delivers x * 2^-scale,
  * rounded to nearest with ties to even, and saturated to the destination's type last; so scale > 0 divides and
  * scale < 0 multiplies. Every scale is accepted. Integer forms without Sfs saturate likewise, as with scale 0. Complex
- * integers saturate part by part. Floating forms follow IEEE 754 in the caller's rounding state.
+ * integers saturate part by part. Integer results do not depend on the caller's floating-point state; floating forms
+ * follow IEEE 754 in it.
  *
  * Common to the whole header: arrays have any alignment; a source and the destination coincide exactly or do not
  * overlap; forms with I write over their last source, srcDst. Every function checks before it writes, has no state,
- * allocates nothing, runs on the calling thread, and may be called from many threads on different data.
+ * allocates nothing, and may be called from many threads on different data. Every function runs on the calling thread,
+ * but those divisions whose comment names a length from which a team of threads shares the work: as many as
+ * orvSetNumThreads of orvs/core.h allows, two at most where nothing else is said.
  * Out-of-place results too large for the caches are stored past them.
  *
  *     orvErrNullPointer    a pointer is null
@@ -216,6 +219,211 @@ ORVAPI(OrvStatus, orvsAddProduct_16s32s_Sfs, (const Orv16s* src1, const Orv16s* 
  * @retval orvErrBadLength   len < 1
  * @{ */
 ORVAPI(OrvStatus, orvsAddProductC_32f, (const Orv32f* src, Orv32f val, Orv32f* srcDst, int len))
+/** @} */
+
+/* ---- Mul                                                                                             arith/mul.cpp */
+
+/** @name Mul
+ * dst[i] = src1[i] * src2[i], or srcDst[i] * src[i]; with Sfs times 2^-scale, rounded and saturated. Exact for every
+ * operand: products of 32-bit values and sums of two products are formed in full before they are scaled.
+ *
+ * 8u16u and 16s32s widen; 16s32f rounds the exact product to Orv32f. 16u16s multiplies unsigned by signed values.
+ * 32f32fc and 32s32sc multiply a real by a complex vector. Complex floats are a * b by two fused operations,
+ * re = fma(a.re, b.re, -(a.im * b.im)) and im = fma(b.im, a.re, a.im * b.re), the inner product rounded first; a is
+ * src1, or srcDst in place.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @note Low_32s allows a result that is less exact. Here it has none to offer that would be faster, and gives the same
+ *       as 32s.
+ * @{ */
+ORVAPI(OrvStatus, orvsMul_8u_Sfs,       (const Orv8u* src1, const Orv8u* src2, Orv8u* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_8u_ISfs,      (const Orv8u* src, Orv8u* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_16u_Sfs,      (const Orv16u* src1, const Orv16u* src2, Orv16u* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_16u_ISfs,     (const Orv16u* src, Orv16u* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_16s,          (const Orv16s* src1, const Orv16s* src2, Orv16s* dst, int len))
+ORVAPI(OrvStatus, orvsMul_16s_I,        (const Orv16s* src, Orv16s* srcDst, int len))
+ORVAPI(OrvStatus, orvsMul_16s_Sfs,      (const Orv16s* src1, const Orv16s* src2, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_16s_ISfs,     (const Orv16s* src, Orv16s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_16sc_Sfs,     (const Orv16sc* src1, const Orv16sc* src2, Orv16sc* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_16sc_ISfs,    (const Orv16sc* src, Orv16sc* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_32s_Sfs,      (const Orv32s* src1, const Orv32s* src2, Orv32s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_32s_ISfs,     (const Orv32s* src, Orv32s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_Low_32s_Sfs,  (const Orv32s* src1, const Orv32s* src2, Orv32s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_32sc_Sfs,     (const Orv32sc* src1, const Orv32sc* src2, Orv32sc* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_32sc_ISfs,    (const Orv32sc* src, Orv32sc* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_32f,          (const Orv32f* src1, const Orv32f* src2, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsMul_32f_I,        (const Orv32f* src, Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsMul_32fc,         (const Orv32fc* src1, const Orv32fc* src2, Orv32fc* dst, int len))
+ORVAPI(OrvStatus, orvsMul_32fc_I,       (const Orv32fc* src, Orv32fc* srcDst, int len))
+ORVAPI(OrvStatus, orvsMul_64f,          (const Orv64f* src1, const Orv64f* src2, Orv64f* dst, int len))
+ORVAPI(OrvStatus, orvsMul_64f_I,        (const Orv64f* src, Orv64f* srcDst, int len))
+ORVAPI(OrvStatus, orvsMul_64fc,         (const Orv64fc* src1, const Orv64fc* src2, Orv64fc* dst, int len))
+ORVAPI(OrvStatus, orvsMul_64fc_I,       (const Orv64fc* src, Orv64fc* srcDst, int len))
+ORVAPI(OrvStatus, orvsMul_8u16u,        (const Orv8u* src1, const Orv8u* src2, Orv16u* dst, int len))
+ORVAPI(OrvStatus, orvsMul_16s32f,       (const Orv16s* src1, const Orv16s* src2, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsMul_16s32s_Sfs,   (const Orv16s* src1, const Orv16s* src2, Orv32s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_16u16s_Sfs,   (const Orv16u* src1, const Orv16s* src2, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_32s32sc_Sfs,  (const Orv32s* src1, const Orv32sc* src2, Orv32sc* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_32s32sc_ISfs, (const Orv32s* src, Orv32sc* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMul_32f32fc,      (const Orv32f* src1, const Orv32fc* src2, Orv32fc* dst, int len))
+ORVAPI(OrvStatus, orvsMul_32f32fc_I,    (const Orv32f* src, Orv32fc* srcDst, int len))
+/** @} */
+
+/* ---- MulC                                                                                           arith/mulc.cpp */
+
+/** @name MulC
+ * dst[i] = src[i] * val, or srcDst[i] * val; with Sfs times 2^-scale, rounded and saturated. Integer forms give zeros for
+ * val = 0 at every scale. Complex floats are a * b as in Mul, a from src and b = val.
+ *
+ * 32f16s forms the exact product of two floats, which a double holds, and rounds once; the factor 2^-scale is built in
+ * the exponent of an Orv32f, so scale belongs to -127 ... 126 and wraps beyond. A NaN gives -32768.
+ * Low_32f16s rounds the product to Orv32f and then to an integer, both in the caller's rounding state.
+ * 64f64s multiplies Orv64s values by an Orv64f; the exact product is rounded once. An infinite val gives the limits of
+ * Orv64s by the sign of the product and keeps zeros; a NaN gives zeros.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1; 64s and 64f64s refuse only len == 0, and process nothing for a negative len
+ * @{ */
+ORVAPI(OrvStatus, orvsMulC_8u_Sfs,      (const Orv8u* src, Orv8u val, Orv8u* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_8u_ISfs,     (Orv8u val, Orv8u* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_16u_Sfs,     (const Orv16u* src, Orv16u val, Orv16u* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_16u_ISfs,    (Orv16u val, Orv16u* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_16s_I,       (Orv16s val, Orv16s* srcDst, int len))
+ORVAPI(OrvStatus, orvsMulC_16s_Sfs,     (const Orv16s* src, Orv16s val, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_16s_ISfs,    (Orv16s val, Orv16s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_16sc_Sfs,    (const Orv16sc* src, Orv16sc val, Orv16sc* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_16sc_ISfs,   (Orv16sc val, Orv16sc* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_32s_Sfs,     (const Orv32s* src, Orv32s val, Orv32s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_32s_ISfs,    (Orv32s val, Orv32s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_32sc_Sfs,    (const Orv32sc* src, Orv32sc val, Orv32sc* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_32sc_ISfs,   (Orv32sc val, Orv32sc* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_64s_ISfs,    (Orv64s val, Orv64s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_32f,         (const Orv32f* src, Orv32f val, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsMulC_32f_I,       (Orv32f val, Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsMulC_32fc,        (const Orv32fc* src, Orv32fc val, Orv32fc* dst, int len))
+ORVAPI(OrvStatus, orvsMulC_32fc_I,      (Orv32fc val, Orv32fc* srcDst, int len))
+ORVAPI(OrvStatus, orvsMulC_64f,         (const Orv64f* src, Orv64f val, Orv64f* dst, int len))
+ORVAPI(OrvStatus, orvsMulC_64f_I,       (Orv64f val, Orv64f* srcDst, int len))
+ORVAPI(OrvStatus, orvsMulC_64fc,        (const Orv64fc* src, Orv64fc val, Orv64fc* dst, int len))
+ORVAPI(OrvStatus, orvsMulC_64fc_I,      (Orv64fc val, Orv64fc* srcDst, int len))
+ORVAPI(OrvStatus, orvsMulC_32f16s_Sfs,  (const Orv32f* src, Orv32f val, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulC_Low_32f16s,  (const Orv32f* src, Orv32f val, Orv16s* dst, int len))
+ORVAPI(OrvStatus, orvsMulC_64f64s_ISfs, (Orv64f val, Orv64s* srcDst, int len, int scale))
+/** @} */
+
+/* ---- Div                                                             arith/div.cpp (floats), arith/div_integers.cpp */
+
+/** @name Div
+ * dst[i] = src2[i] / src1[i]: the first operand is the divisor; in place srcDst[i] / src[i]. With Sfs times 2^-scale,
+ * rounded and saturated: integer quotients are exact to the tie, whatever the scale. 32s16s divides 32-bit by 16-bit
+ * values.
+ *
+ * An element divided by zero does not stop the vector; the status is then orvWrnDivByZero. Integers become the limit of
+ * the type on the dividend's side, and 0 / 0 is 0; complex integers part by part. Floats become an infinity whose sign is
+ * the product of the operands' signs, 0 / 0 a NaN, and a NaN stays; complex floats part by part, and the divisor's sign is
+ * that of its real part.
+ *
+ * 32f is formed from the processor's estimate of the reciprocal and three fused steps, which leaves an error of 1 to 2
+ * units in the last place, and needs divisors from 2^-126 to below 2^126 in magnitude: outside a quotient may be 0 or a
+ * NaN. Divide in 64f where such divisors occur. 64f is the IEEE quotient.
+ *
+ * Complex floats are a * conj(b) / |b|^2 with fused products, within a few units in the last place of |a / b|, for every
+ * finite b (64fc: no subnormal one). The parts of a belong to 2^-90 ... 2^90 (64fc: 2^-750 ... 2^750) in magnitude or are
+ * 0; outside the result may lose digits or overflow.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @retval orvWrnDivByZero   a divisor is zero; the vector is complete
+ * @note 16u with scale < -31 gives 65535 for every dividend over a divisor other than zero, also for the dividend 0. 16sc
+ *       with scale > 64 is filled with zeros without a look at the divisors.
+ * @note From 4096 elements of 32f, 256 of 16sc, and 1024 of the other types except 16u up, two threads share the work.
+ * @{ */
+ORVAPI(OrvStatus, orvsDiv_8u_Sfs,     (const Orv8u* src1, const Orv8u* src2, Orv8u* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsDiv_8u_ISfs,    (const Orv8u* src, Orv8u* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsDiv_16u_Sfs,    (const Orv16u* src1, const Orv16u* src2, Orv16u* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsDiv_16u_ISfs,   (const Orv16u* src, Orv16u* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsDiv_16s_Sfs,    (const Orv16s* src1, const Orv16s* src2, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsDiv_16s_ISfs,   (const Orv16s* src, Orv16s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsDiv_16sc_Sfs,   (const Orv16sc* src1, const Orv16sc* src2, Orv16sc* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsDiv_16sc_ISfs,  (const Orv16sc* src, Orv16sc* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsDiv_32s_Sfs,    (const Orv32s* src1, const Orv32s* src2, Orv32s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsDiv_32s_ISfs,   (const Orv32s* src, Orv32s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsDiv_32s16s_Sfs, (const Orv16s* src1, const Orv32s* src2, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsDiv_32f,        (const Orv32f* src1, const Orv32f* src2, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsDiv_32f_I,      (const Orv32f* src, Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsDiv_32fc,       (const Orv32fc* src1, const Orv32fc* src2, Orv32fc* dst, int len))
+ORVAPI(OrvStatus, orvsDiv_32fc_I,     (const Orv32fc* src, Orv32fc* srcDst, int len))
+ORVAPI(OrvStatus, orvsDiv_64f,        (const Orv64f* src1, const Orv64f* src2, Orv64f* dst, int len))
+ORVAPI(OrvStatus, orvsDiv_64f_I,      (const Orv64f* src, Orv64f* srcDst, int len))
+ORVAPI(OrvStatus, orvsDiv_64fc,       (const Orv64fc* src1, const Orv64fc* src2, Orv64fc* dst, int len))
+ORVAPI(OrvStatus, orvsDiv_64fc_I,     (const Orv64fc* src, Orv64fc* srcDst, int len))
+/** @} */
+
+/* ---- Div_Round                                                                               arith/div_integers.cpp */
+
+/** @name Div_Round
+ * dst[i] = src2[i] / src1[i] times 2^-scale as in Div, rounded by rndMode and saturated. Every rounding is exact.
+ * @retval orvErrNullPointer  a pointer is null
+ * @retval orvErrBadLength    len < 1
+ * @retval orvErrBadRoundMode rndMode is not one of its three values
+ * @retval orvWrnDivByZero    a divisor is zero; the elements are as in Div
+ * @note With scale < -30 every quotient other than zero saturates, also the few of 16u that would stay below 65535.
+ * @note From 512 elements of 8u and 1024 of 16u and 16s up, the team has as many threads as the core library allows.
+ * @{ */
+ORVAPI(OrvStatus, orvsDiv_Round_8u_Sfs,   (const Orv8u* src1, const Orv8u* src2, Orv8u* dst, int len, OrvRoundMode rndMode, int scale))
+ORVAPI(OrvStatus, orvsDiv_Round_8u_ISfs,  (const Orv8u* src, Orv8u* srcDst, int len, OrvRoundMode rndMode, int scale))
+ORVAPI(OrvStatus, orvsDiv_Round_16u_Sfs,  (const Orv16u* src1, const Orv16u* src2, Orv16u* dst, int len, OrvRoundMode rndMode, int scale))
+ORVAPI(OrvStatus, orvsDiv_Round_16u_ISfs, (const Orv16u* src, Orv16u* srcDst, int len, OrvRoundMode rndMode, int scale))
+ORVAPI(OrvStatus, orvsDiv_Round_16s_Sfs,  (const Orv16s* src1, const Orv16s* src2, Orv16s* dst, int len, OrvRoundMode rndMode, int scale))
+ORVAPI(OrvStatus, orvsDiv_Round_16s_ISfs, (const Orv16s* src, Orv16s* srcDst, int len, OrvRoundMode rndMode, int scale))
+/** @} */
+
+/* ---- DivC                                                                                           arith/divc.cpp */
+
+/** @name DivC
+ * dst[i] = src[i] / val, or srcDst[i] / val. Integer quotients are times 2^-scale, exact to the tie, and saturated.
+ *
+ * Floats are multiplied by the rounded reciprocal: dst[i] = src[i] * (1 / val), two roundings. A complex val has the
+ * reciprocal (re * s, -(s * im)) with s = 1 / fma(re, re, im * im), and the product is that of MulC.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1; 64s refuses only len == 0, and processes nothing for a negative len
+ * @retval orvErrDivisorZero val is zero, or for complex floats so small that re^2 + im^2 is
+ * @retval orvWrnDivByZero   64s only, val is zero: positive elements become 2^63 - 1, negative ones -2^63, zeros stay
+ * @note 16u looks at scale and val first. For a val other than 0, scale > 16 fills with zeros and scale < -31 with 65535:
+ *       of the pointers only src is tested, then the fill tests dst and len. A scale of 0 with val = 1 copies.
+ * @note From 4096 elements of 8u and 16s and 1024 of 16sc up, two threads share the work.
+ * @{ */
+ORVAPI(OrvStatus, orvsDivC_8u_Sfs,    (const Orv8u* src, Orv8u val, Orv8u* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsDivC_8u_ISfs,   (Orv8u val, Orv8u* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsDivC_16u_Sfs,   (const Orv16u* src, Orv16u val, Orv16u* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsDivC_16u_ISfs,  (Orv16u val, Orv16u* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsDivC_16s_Sfs,   (const Orv16s* src, Orv16s val, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsDivC_16s_ISfs,  (Orv16s val, Orv16s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsDivC_16sc_Sfs,  (const Orv16sc* src, Orv16sc val, Orv16sc* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsDivC_16sc_ISfs, (Orv16sc val, Orv16sc* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsDivC_64s_ISfs,  (Orv64s val, Orv64s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsDivC_32f,       (const Orv32f* src, Orv32f val, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsDivC_32f_I,     (Orv32f val, Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsDivC_32fc,      (const Orv32fc* src, Orv32fc val, Orv32fc* dst, int len))
+ORVAPI(OrvStatus, orvsDivC_32fc_I,    (Orv32fc val, Orv32fc* srcDst, int len))
+ORVAPI(OrvStatus, orvsDivC_64f,       (const Orv64f* src, Orv64f val, Orv64f* dst, int len))
+ORVAPI(OrvStatus, orvsDivC_64f_I,     (Orv64f val, Orv64f* srcDst, int len))
+ORVAPI(OrvStatus, orvsDivC_64fc,      (const Orv64fc* src, Orv64fc val, Orv64fc* dst, int len))
+ORVAPI(OrvStatus, orvsDivC_64fc_I,    (Orv64fc val, Orv64fc* srcDst, int len))
+/** @} */
+
+/* ---- DivCRev                                                            arith/div.cpp (32f), arith/div_integers.cpp */
+
+/** @name DivCRev
+ * dst[i] = val / src[i], or val / srcDst[i]: 32f by the steps of Div_32f; 16u to nearest, ties to even. Zero elements as
+ * in Div.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @retval orvWrnDivByZero   an element is zero; the vector is complete
+ * @note From 4096 elements of 32f and 2048 of 16u up, two threads share the work.
+ * @{ */
+ORVAPI(OrvStatus, orvsDivCRev_16u,   (const Orv16u* src, Orv16u val, Orv16u* dst, int len))
+ORVAPI(OrvStatus, orvsDivCRev_16u_I, (Orv16u val, Orv16u* srcDst, int len))
+ORVAPI(OrvStatus, orvsDivCRev_32f,   (const Orv32f* src, Orv32f val, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsDivCRev_32f_I, (Orv32f val, Orv32f* srcDst, int len))
 /** @} */
 
 /* ---- And                                                                                         arith/logic.cpp */

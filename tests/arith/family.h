@@ -1,4 +1,4 @@
-// What the tests of sums, differences and sums of products share: operations on any kind of value, orders of argument
+// What the tests of sums, differences and products share: operations on any kind of value, orders of argument
 // checks, the exceptions from the law of scale factors, and dense sets of operands for narrow integers.
 #pragma once
 
@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <set>
 #include <utility>
 
@@ -102,34 +103,57 @@ void expect_length_before_pointers(const Export<OrvStatus, Args...>& f, Others..
 
 // ---- Single operands
 
+/// What a destination holds before the call.
+template <Element T>
+constexpr T filler()
+{
+    if constexpr (Complex<T>) return {77, 78};
+    else return 77;
+}
+
 /// The result of f for one pair of operands. They stand at every place of vectors of several lengths, and the result is
 /// expected to be the same at each.
-template <class T>
-T result_of(const Export<OrvStatus, const T*, const T*, T*, int, int>& f, std::type_identity_t<T> a,
-            std::type_identity_t<T> b, int scale)
+template <class A, class B, class D>
+D result_of(const Export<OrvStatus, const A*, const B*, D*, int, int>& f, std::type_identity_t<A> a,
+            std::type_identity_t<B> b, int scale)
 {
-    T first = {};
+    D first = {};
     for (const std::size_t n : {std::size_t{1}, std::size_t{7}, std::size_t{40}, std::size_t{300}}) {
-        const std::vector<T> as(n, a), bs(n, b);
-        std::vector<T> d(n, 77);
+        const std::vector<A> as(n, a);
+        const std::vector<B> bs(n, b);
+        std::vector<D> d(n, filler<D>());
         EXPECT_EQ(f(as.data(), bs.data(), d.data(), static_cast<int>(n), scale), orvOk) << f.name();
         if (n == 1) first = d[0];
-        expect_elements(f, d, std::vector<T>(n, first));
+        expect_elements(f, d, std::vector<D>(n, first));
     }
     return first;
 }
 /// The same for a vector of values and a scalar.
-template <class T>
-T result_of(const Export<OrvStatus, const T*, T, T*, int, int>& f, std::type_identity_t<T> a,
-            std::type_identity_t<T> value, int scale)
+template <class A, class B, class D>
+D result_of(const Export<OrvStatus, const A*, B, D*, int, int>& f, std::type_identity_t<A> a,
+            std::type_identity_t<B> value, int scale)
 {
-    T first = {};
+    D first = {};
     for (const std::size_t n : {std::size_t{1}, std::size_t{7}, std::size_t{40}, std::size_t{300}}) {
-        const std::vector<T> as(n, a);
-        std::vector<T> d(n, 77);
+        const std::vector<A> as(n, a);
+        std::vector<D> d(n, filler<D>());
         EXPECT_EQ(f(as.data(), value, d.data(), static_cast<int>(n), scale), orvOk) << f.name();
         if (n == 1) first = d[0];
-        expect_elements(f, d, std::vector<T>(n, first));
+        expect_elements(f, d, std::vector<D>(n, first));
+    }
+    return first;
+}
+/// The same in place.
+template <class B, class D>
+D result_of(const Export<OrvStatus, B, D*, int, int>& f, std::type_identity_t<D> a, std::type_identity_t<B> value,
+            int scale)
+{
+    D first = {};
+    for (const std::size_t n : {std::size_t{1}, std::size_t{7}, std::size_t{40}, std::size_t{300}}) {
+        std::vector<D> d(n, a);
+        EXPECT_EQ(f(value, d.data(), static_cast<int>(n), scale), orvOk) << f.name();
+        if (n == 1) first = d[0];
+        expect_elements(f, d, std::vector<D>(n, first));
     }
     return first;
 }
@@ -187,14 +211,15 @@ std::vector<T> critical_values(int near, std::size_t random_values, int step = 1
 }
 
 /// All pairs from two sets: rows of the first set, one row for each value of the second.
-template <class T>
+template <class A, class B = A>
 struct Pairs {
-    std::vector<T> first, second;
+    std::vector<A> first;
+    std::vector<B> second;
     std::size_t row;
 
-    Pairs(const std::vector<T>& firsts, const std::vector<T>& seconds) : row(firsts.size())
+    Pairs(const std::vector<A>& firsts, const std::vector<B>& seconds) : row(firsts.size())
     {
-        for (const T value : seconds) {
+        for (const B& value : seconds) {
             first.insert(first.end(), firsts.begin(), firsts.end());
             second.insert(second.end(), firsts.size(), value);
         }
@@ -202,37 +227,59 @@ struct Pairs {
 };
 
 /// One call over all pairs.
-template <class T>
-void call_on_pairs(const Export<OrvStatus, const T*, const T*, T*, int, int>& f, const Pairs<T>& pairs,
-                   std::vector<T>& results, int scale)
+template <class A, class B, class D>
+void call_on_pairs(const Export<OrvStatus, const A*, const B*, D*, int, int>& f, const Pairs<A, B>& pairs,
+                   std::vector<D>& results, int scale)
 {
     const auto n = static_cast<int>(pairs.first.size());
     ASSERT_EQ(f(pairs.first.data(), pairs.second.data(), results.data(), n, scale), orvOk);
 }
 /// One call for each row, the second value as the scalar.
-template <class T>
-void call_on_pairs(const Export<OrvStatus, const T*, T, T*, int, int>& f, const Pairs<T>& pairs,
-                   std::vector<T>& results, int scale)
+template <class A, class B, class D>
+void call_on_pairs(const Export<OrvStatus, const A*, B, D*, int, int>& f, const Pairs<A, B>& pairs,
+                   std::vector<D>& results, int scale)
 {
     for (std::size_t i = 0; i < pairs.first.size(); i += pairs.row)
         ASSERT_EQ(f(&pairs.first[i], pairs.second[i], &results[i], static_cast<int>(pairs.row), scale), orvOk);
 }
+/// The same in place.
+template <class B, class D>
+void call_on_pairs(const Export<OrvStatus, B, D*, int, int>& f, const Pairs<D, B>& pairs, std::vector<D>& results,
+                   int scale)
+{
+    results = pairs.first;
+    for (std::size_t i = 0; i < pairs.first.size(); i += pairs.row)
+        ASSERT_EQ(f(pairs.second[i], &results[i], static_cast<int>(pairs.row), scale), orvOk);
+}
 
-/// Compares f with wanted(a, b, scale) for all pairs and all scales from lowest to highest.
-template <class T, class... Args, class Wanted>
-void expect_all_pairs(const Export<OrvStatus, Args...>& f, const Pairs<T>& pairs, int lowest, int highest,
+/// Compares f with wanted(a, b, scale) for all pairs and all these scales.
+template <class A, class B, class... Args, class Wanted>
+void expect_all_pairs(const Export<OrvStatus, Args...>& f, const Pairs<A, B>& pairs, const std::vector<int>& scales,
                       const Wanted& wanted)
 {
-    std::vector<T> results(pairs.first.size());
-    for (int scale = lowest; scale <= highest; ++scale) {
-        call_on_pairs<T>(f, pairs, results, scale);
+    using Result = DestinationElement<Args...>;
+    static_assert(element_type<Result>().number != Number::binary_float, "compared by their bytes");
+    std::vector<Result> results(pairs.first.size());
+    for (const int scale : scales) {
+        call_on_pairs(f, pairs, results, scale);
         for (std::size_t i = 0; i < results.size(); ++i) {
-            const T want = wanted(pairs.first[i], pairs.second[i], scale);
-            if (results[i] != want)
-                FAIL() << f.name() << " of " << +pairs.first[i] << " and " << +pairs.second[i] << " at scale " << scale
-                       << " is " << +results[i] << ", not " << +want;
+            const Result want = wanted(pairs.first[i], pairs.second[i], scale);
+            if (std::memcmp(&results[i], &want, sizeof want) != 0)
+                FAIL() << f.name() << " of " << element_text(element_type<A>(), &pairs.first[i]) << " and "
+                       << element_text(element_type<B>(), &pairs.second[i]) << " at scale " << scale << " is "
+                       << element_text(element_type<Result>(), &results[i]) << ", not "
+                       << element_text(element_type<Result>(), &want);
         }
     }
+}
+/// The same from one scale to another.
+template <class A, class B, class... Args, class Wanted>
+void expect_all_pairs(const Export<OrvStatus, Args...>& f, const Pairs<A, B>& pairs, int lowest, int highest,
+                      const Wanted& wanted)
+{
+    std::vector<int> scales;
+    for (int scale = lowest; scale <= highest; ++scale) scales.push_back(scale);
+    expect_all_pairs(f, pairs, scales, wanted);
 }
 
 } // namespace orvtest

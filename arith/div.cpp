@@ -1,0 +1,206 @@
+// Floating-point quotients: dst = src2 / src1, dst = val / src.
+#include "orvs/arith.h"
+
+#include <limits>
+
+#include "arith/complex.h"
+#include "arith/quotients.h"
+#include "frame/checks.h"
+#include "frame/map.h"
+#include "frame/team.h"
+
+using namespace ORV_VARIANT;
+
+namespace {
+
+/// a / b for a zero b: an infinity by the signs of both; a NaN for 0 / 0, and a itself where it is one.
+template <class T>
+ORV_INLINE vec<T> over_zero(vec<T> a, vec<T> b)
+{
+    const auto infinity = splat(std::numeric_limits<T>::infinity()) | sign_bit(a ^ b);
+    const auto quotient = blend(is_equal(a, splat(T(0))), splat(std::numeric_limits<T>::quiet_NaN()), infinity);
+    return blend(is_equal(a, a), quotient, a);
+}
+
+// ---- Real floats
+
+/// a / b from the estimate of the reciprocal r and e = 1 - b * r: a * r * (1 + e + e^2), since 1 / b = r / (1 - e).
+ORV_INLINE vec<Orv32f> divide_by_estimate(vec<Orv32f> a, vec<Orv32f> b)
+{
+    const auto r = estimate_reciprocal(b);
+    const auto y0 = a * r;
+    const auto e = fnma(b, r, splat(1.0f));
+    const auto y1 = fma(y0, e, y0);
+    return fma(y1, e, y0);
+}
+
+ORV_INLINE vec<Orv32f> divide(vec<Orv32f> a, vec<Orv32f> b, Seen& zeros)
+{
+    const auto is_zero = is_equal(b, splat(0.0f));
+    if (any(is_zero)) [[unlikely]] { // 1 in place of 0
+        zeros.add(is_zero);
+        return blend(is_zero, over_zero(a, b), divide_by_estimate(a, blend(is_zero, splat(1.0f), b)));
+    }
+    return divide_by_estimate(a, b);
+}
+
+ORV_INLINE vec<Orv64f> divide(vec<Orv64f> a, vec<Orv64f> b, Seen& zeros)
+{
+    zeros.add(is_equal(b, splat(0.0)));
+    return a / b;
+}
+
+// ---- Complex floats: a * conj(b) / |b|^2 on interleaved parts
+
+/// re = fma(a.re, b.re, a.im * b.im), im = fma(a.im, b.re, -(a.re * b.im)).
+template <class T>
+ORV_INLINE vec<T> times_conjugate(vec<T> a, vec<T> b)
+{
+    return fma_add_subtract(a, even_twice(b), swap_pairs(a) * odd_twice(b));
+}
+template <class T>
+ORV_INLINE vec<T> norms(vec<T> b)
+{
+    const auto squares = b * b;
+    return squares + swap_pairs(squares);
+}
+
+/// Where |b|^2 might not be a normal number, or products with a might not: a quarter of the exponents is left on each
+/// side. One comparison of the bits as integers serves for both ends.
+template <class T>
+ORV_INLINE auto is_extreme(vec<T> norm)
+{
+    using I = std::conditional_t<sizeof(T) == 4, Orv32s, Orv64s>;
+    constexpr int digits = std::numeric_limits<T>::digits - 1, bias = std::numeric_limits<T>::max_exponent - 1;
+    constexpr I lowest = I(bias / 2) << digits, highest = I(bias + bias / 2) << digits;
+    return as<T>(is_greater(as<I>(norm) - splat(I(lowest + min_of<I>)), splat(I(highest - lowest + min_of<I>))));
+}
+
+/// The quotient for extreme b, in doubles, where nothing of floats overflows or vanishes.
+[[gnu::noinline, gnu::cold]] vec<Orv32f> divide_extreme(vec<Orv32f> a, vec<Orv32f> b)
+{
+    const auto x = to_double(a), y = to_double(b);
+    return to_float({times_conjugate(x.low, y.low) / norms(y.low), times_conjugate(x.high, y.high) / norms(y.high)});
+}
+/// By way of b * 2^k, whose larger part lies in [2, 4).
+[[gnu::noinline, gnu::cold]] vec<Orv64f> divide_extreme(vec<Orv64f> a, vec<Orv64f> b)
+{
+    const auto infinity = splat(std::numeric_limits<Orv64f>::infinity()); // all bits of the exponent
+    const auto exponent = b & infinity;
+    const auto power = as<Orv64f>(as<Orv64s>(infinity) - as<Orv64s>(max(exponent, swap_pairs(exponent))));
+    const auto c = b * power;
+    return times_conjugate(a, c) / norms(c) * power;
+}
+
+template <class T>
+ORV_INLINE vec<T> divide_complex(vec<T> a, vec<T> b, Seen& zeros)
+{
+    const auto norm = norms(b);
+    const auto quotient = times_conjugate(a, b) / norm;
+    const auto extreme = is_extreme(norm);
+    if (any(extreme)) [[unlikely]] {
+        const auto part_is_zero = is_equal(b, splat(T(0)));
+        const auto is_zero = part_is_zero & swap_pairs(part_is_zero);
+        zeros.add(is_zero);
+        const auto other = blend(is_zero, over_zero(a, even_twice(b)), divide_extreme(a, b));
+        return blend(extreme, other, quotient);
+    }
+    return quotient;
+}
+
+template <class C>
+ORV_INLINE int divide_by_parts(const C* src1, const C* src2, C* dst, int len)
+{
+    Seen zeros;
+    for_parts(len, [&](std::ptrdiff_t at, int n) ORV_INLINE_LAMBDA {
+        map<2>([&](auto b, auto a) ORV_INLINE_LAMBDA { return divide_complex(a, b, zeros); }, parts(dst) + at, n,
+               parts(src1) + at, parts(src2) + at);
+        return orvOk;
+    });
+    return zeros.any();
+}
+
+/// The body of a form: kernel(src1, src2, dst, len) on this thread or, from the threshold on, on two.
+template <class T>
+ORV_INLINE OrvStatus divide_vectors(int (*kernel)(const T*, const T*, T*, int), int threshold, const T* src1,
+                                    const T* src2, T* dst, int len)
+{
+    if (const OrvStatus bad = check(len, src1, src2, dst)) return bad;
+    if (len < threshold) return division_status(kernel(src1, src2, dst, len));
+    return division_status(on_team(TeamSize::two, len, [=](int first, int count) {
+        return kernel(src1 + first, src2 + first, dst + first, count);
+    }));
+}
+
+} // namespace
+
+// ---- Div
+
+ORV_KERNEL int ownorvsDiv_32f(const Orv32f* src1, const Orv32f* src2, Orv32f* dst, int len)
+{
+    Seen zeros;
+    map([&](auto b, auto a) ORV_INLINE_LAMBDA { return divide(a, b, zeros); }, dst, len, src1, src2);
+    return zeros.any();
+}
+OrvStatus orvsDiv_32f(const Orv32f* src1, const Orv32f* src2, Orv32f* dst, int len)
+{
+    return divide_vectors(ownorvsDiv_32f, 4096, src1, src2, dst, len);
+}
+OrvStatus orvsDiv_32f_I(const Orv32f* src, Orv32f* srcDst, int len) { return orvsDiv_32f(src, srcDst, srcDst, len); }
+
+ORV_KERNEL int ownorvsDiv_64f(const Orv64f* src1, const Orv64f* src2, Orv64f* dst, int len)
+{
+    Seen zeros;
+    map([&](auto b, auto a) ORV_INLINE_LAMBDA { return divide(a, b, zeros); }, dst, len, src1, src2);
+    return zeros.any();
+}
+OrvStatus orvsDiv_64f(const Orv64f* src1, const Orv64f* src2, Orv64f* dst, int len)
+{
+    return divide_vectors(ownorvsDiv_64f, 1024, src1, src2, dst, len);
+}
+OrvStatus orvsDiv_64f_I(const Orv64f* src, Orv64f* srcDst, int len) { return orvsDiv_64f(src, srcDst, srcDst, len); }
+
+ORV_KERNEL int ownorvsDiv_32fc(const Orv32fc* src1, const Orv32fc* src2, Orv32fc* dst, int len)
+{
+    return divide_by_parts(src1, src2, dst, len);
+}
+OrvStatus orvsDiv_32fc(const Orv32fc* src1, const Orv32fc* src2, Orv32fc* dst, int len)
+{
+    return divide_vectors(ownorvsDiv_32fc, 1024, src1, src2, dst, len);
+}
+OrvStatus orvsDiv_32fc_I(const Orv32fc* src, Orv32fc* srcDst, int len)
+{
+    return orvsDiv_32fc(src, srcDst, srcDst, len);
+}
+
+ORV_KERNEL int ownorvsDiv_64fc(const Orv64fc* src1, const Orv64fc* src2, Orv64fc* dst, int len)
+{
+    return divide_by_parts(src1, src2, dst, len);
+}
+OrvStatus orvsDiv_64fc(const Orv64fc* src1, const Orv64fc* src2, Orv64fc* dst, int len)
+{
+    return divide_vectors(ownorvsDiv_64fc, 1024, src1, src2, dst, len);
+}
+OrvStatus orvsDiv_64fc_I(const Orv64fc* src, Orv64fc* srcDst, int len)
+{
+    return orvsDiv_64fc(src, srcDst, srcDst, len);
+}
+
+// ---- DivCRev
+
+ORV_KERNEL int ownorvsDivCRev_32f(const Orv32f* src, Orv32f val, Orv32f* dst, int len)
+{
+    const auto dividend = splat(val);
+    Seen zeros;
+    map([&, dividend](auto b) ORV_INLINE_LAMBDA { return divide(dividend, b, zeros); }, dst, len, src);
+    return zeros.any();
+}
+OrvStatus orvsDivCRev_32f(const Orv32f* src, Orv32f val, Orv32f* dst, int len)
+{
+    if (const OrvStatus bad = check(len, src, dst)) return bad;
+    if (len < 4096) return division_status(ownorvsDivCRev_32f(src, val, dst, len));
+    return division_status(on_team(TeamSize::two, len, [=](int first, int count) {
+        return ownorvsDivCRev_32f(src + first, val, dst + first, count);
+    }));
+}
+OrvStatus orvsDivCRev_32f_I(Orv32f val, Orv32f* srcDst, int len) { return orvsDivCRev_32f(srcDst, val, srcDst, len); }
