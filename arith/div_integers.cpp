@@ -10,6 +10,7 @@
 #include "frame/float_state.h"
 #include "frame/map.h"
 #include "frame/team.h"
+#include "simd/convert.h"
 
 using namespace ORV_VARIANT;
 
@@ -40,8 +41,8 @@ ORV_INLINE vec<T> quotients(Q q, vec<T> a, vec<T> b)
 template <class Q>
 ORV_INLINE vec<Orv16s> quotients(Q q, vec<Orv32s, 16> a, vec<Orv16s> b)
 {
-    const vec<Orv32s, 16> divisors = {widen(low_half(b)), widen(high_half(b))};
-    return pack_sat(by_doubles(q, a.low, divisors.low), by_doubles(q, a.high, divisors.high));
+    const auto divisors = convert_to<Orv32s>(b);
+    return saturate_to<Orv16s>(join(by_doubles(q, a.low, divisors.low), by_doubles(q, a.high, divisors.high)));
 }
 
 // ---- The loops. Each returns whether a divisor was zero.
@@ -52,7 +53,7 @@ ORV_INLINE vec<T> sign_of_dividend(vec<T> a)
 {
     return a;
 }
-ORV_INLINE vec<Orv16s> sign_of_dividend(vec<Orv32s, 16> a) { return pack_sat(a.low, a.high); }
+ORV_INLINE vec<Orv16s> sign_of_dividend(vec<Orv32s, 16> a) { return saturate_to<Orv16s>(a); }
 
 template <class Op, class D, class B, class A>
 ORV_INLINE int map_divided(Op op, const B* src1, const A* src2, D* dst, int len)

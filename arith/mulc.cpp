@@ -8,7 +8,7 @@
 #include "arith/products.h"
 #include "arith/wide_integer.h"
 #include "frame/float_state.h"
-#include "simd/float.h"
+#include "simd/convert.h"
 
 using namespace ORV_VARIANT;
 
@@ -145,28 +145,24 @@ OrvStatus orvsMulC_64f64s_ISfs(Orv64f val, Orv64s* srcDst, int len, int scale)
 
 // ---- Floats into 16s
 
-/// The product of two floats has 48 bits and is exact in a double, so it is rounded once. Positive values stop at the
-/// limit here, others when the lanes are packed; what no integer holds, a NaN too, converts to the lowest one.
+/// The product of two floats has 48 bits and is exact in a double, so it is rounded once.
 OrvStatus orvsMulC_32f16s_Sfs(const Orv32f* src, Orv32f val, Orv16s* dst, int len, int scale)
 {
     if (const OrvStatus bad = check(len, src, dst)) return bad;
     const NearestState state;
     const auto factor = splat(Orv64f(val) * power_of_two<Orv32f>(scale));
-    const auto limit = splat(Orv64f(max_of<Orv16s>));
-    const auto product = [=](vec<Orv32f> x) ORV_INLINE_LAMBDA {
-        const auto exact = to_double(x);
-        return to_int(vec<Orv64f, 8>{min(limit, exact.low * factor), min(limit, exact.high * factor)});
-    };
-    map([=](auto x) ORV_INLINE_LAMBDA { return pack_sat(product(x.low), product(x.high)); }, dst, len, src);
+    const auto product = [=](vec<Orv64f> x) ORV_INLINE_LAMBDA { return x * factor; };
+    map([=](auto x) ORV_INLINE_LAMBDA { return round_to<Orv16s, orvRndNear>(each(product, convert_to<Orv64f>(x))); },
+        dst, len, src);
     return orvOk;
 }
+/// In the caller's state: "nearest" is the conversion that follows it.
 OrvStatus orvsMulC_Low_32f16s(const Orv32f* src, Orv32f val, Orv16s* dst, int len)
 {
     if (const OrvStatus bad = check(len, src, dst)) return bad;
     const auto factor = splat(val);
-    const auto limit = splat(Orv32f(max_of<Orv16s>));
-    const auto product = [=](vec<Orv32f> x) ORV_INLINE_LAMBDA { return to_int(min(limit, x * factor)); };
-    map([=](auto x) ORV_INLINE_LAMBDA { return pack_sat(product(x.low), product(x.high)); }, dst, len, src);
+    const auto product = [=](vec<Orv32f> x) ORV_INLINE_LAMBDA { return x * factor; };
+    map([=](auto x) ORV_INLINE_LAMBDA { return round_to<Orv16s, orvRndNear>(each(product, x)); }, dst, len, src);
     return orvOk;
 }
 

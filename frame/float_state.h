@@ -16,11 +16,12 @@ public:
     ORV_INLINE FloatState(Orv32u clear, Orv32u set) : saved_(read())
     {
         const Orv32u wanted = (saved_ & ~clear) | set;
-        if (wanted != saved_) write(wanted);
+        changed_ = wanted != saved_;
+        if (changed_) write(wanted);
     }
     ORV_INLINE ~FloatState()
     {
-        if (((read() ^ saved_) & watched) != 0) write(saved_);
+        if (changed_ || ((read() ^ saved_) & watched) != 0) write(saved_);
     }
     FloatState(const FloatState&) = delete;
     FloatState& operator=(const FloatState&) = delete;
@@ -40,6 +41,7 @@ private:
     ORV_INLINE static void write(Orv32u word) { __asm__ volatile("vldmxcsr %0" : : "m"(word) : "memory"); }
 
     Orv32u saved_;
+    bool changed_;
 };
 
 /// Roundings to nearest, ties to even, whatever the caller has set; conversions of values out of range are silent.

@@ -12,14 +12,26 @@
 
 namespace ORV_VARIANT {
 
-/// How many elements from d to the next multiple of 32 bytes, at least 1; N where no element begins there. unit is the
-/// number of elements that belong together: 2 for complex values.
+/// Does an element of d begin at a multiple of 32 bytes? unit is the number of elements that belong together: 2 for
+/// complex values.
+template <int unit, class T>
+ORV_INLINE bool can_align(const T* d)
+{
+    return sizeof(T) == 3 || reinterpret_cast<std::size_t>(d) % (sizeof(T) * unit) == 0;
+}
+
+/// How many elements from d to the next multiple of 32 bytes, at least 1; N where no element begins there.
 template <int unit, class T>
 ORV_INLINE std::ptrdiff_t elements_to_aligned(const T* d)
 {
-    const auto address = reinterpret_cast<std::size_t>(d);
-    if (address % (sizeof(T) * unit) != 0) return vec<T>::N;
-    return std::ptrdiff_t((32 - address % 32) / sizeof(T));
+    if (!can_align<unit>(d)) return vec<T>::N;
+    const std::size_t bytes = 32 - reinterpret_cast<std::size_t>(d) % 32;
+    if constexpr (sizeof(T) == 3) {
+        const std::size_t elements = bytes * 11 % 32; // 3 * 11 = 1 modulo 32
+        return elements != 0 ? std::ptrdiff_t(elements) : 32;
+    } else {
+        return std::ptrdiff_t(bytes / sizeof(T));
+    }
 }
 
 /// map for n > 2N. The ends overlap their neighbours, so whatever an early store could change is read first.
@@ -51,8 +63,8 @@ template <int unit, class Op, class D, class... S>
     const auto at = [&](std::ptrdiff_t i) ORV_INLINE_LAMBDA { return op(load<S, N>(s + i)...); };
 
     const bool in_place = (... || (static_cast<const void*>(s) == d));
-    const bool can_align = reinterpret_cast<std::size_t>(d) % (sizeof(D) * unit) == 0;
-    const bool bypass = !in_place && can_align && worth_bypassing(std::size_t(n) * (sizeof(D) + ... + sizeof(S)));
+    const bool bypass =
+        !in_place && can_align<unit>(d) && worth_bypassing(std::size_t(n) * (sizeof(D) + ... + sizeof(S)));
 
     std::ptrdiff_t i = elements_to_aligned<unit>(d);
     const auto last = at(n - N);

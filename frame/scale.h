@@ -65,18 +65,24 @@ ORV_INLINE half_odd<T> with_trace(half_odd<T> x)
 
 /// The constants of a shift by scale, 2 <= scale <= bits of the lane.
 template <class T>
-struct rounding {
+struct lane_rounding {
     shift_count shift; // scale - 1, because half is halved already
     vec<T> fraction;   // the bits that fall off
     vec<T> below_half; // the largest fraction of half that is less than one half
 
-    explicit rounding(int scale) : shift(by(scale - 1))
+    explicit lane_rounding(int scale) : shift(by(scale - 1))
     {
         using U = unsigned_of<T>;
         const U one_half = U(U(1) << (scale - 2));
         fraction = splat(T(2 * one_half - 1));
         below_half = splat(T(one_half - 1));
     }
+};
+
+/// The same, or what serves better where all that is wanted is rounding to nearest.
+template <class T>
+struct rounding : lane_rounding<T> {
+    using lane_rounding<T>::lane_rounding;
 };
 
 template <>
@@ -97,7 +103,7 @@ struct rounding<Orv16s> {
 ///               financial mode, away from zero;
 ///   toward zero: the value is negative and there is a fraction at all.
 template <OrvRoundMode mode = orvRndNear, class T>
-ORV_INLINE vec<T> round_shift(half_odd<T> x, const rounding<T>& c)
+ORV_INLINE vec<T> round_shift(half_odd<T> x, const lane_rounding<T>& c)
 {
     const auto quotient = shift_right(x.half, c.shift);
     const auto fraction = x.half & c.fraction;
@@ -163,12 +169,12 @@ ORV_INLINE auto pack_each(vec<T> x, Round round)
 }
 
 template <template <class> class Wide, class T>
-ORV_INLINE auto round_shift(Wide<T> x, const rounding<T>& c)
+requires(!std::is_same_v<Wide<T>, half_odd<T>>) ORV_INLINE auto round_shift(Wide<T> x, const rounding<T>& c)
 {
     return pack_each(x, [&](auto lanes) ORV_INLINE_LAMBDA { return round_shift(exact_lane(lanes), c); });
 }
 template <template <class> class Wide, class T>
-ORV_INLINE auto round_half(Wide<T> x)
+requires(!std::is_same_v<Wide<T>, half_odd<T>>) ORV_INLINE auto round_half(Wide<T> x)
 {
     return pack_each(x, [](auto lanes) ORV_INLINE_LAMBDA { return round_half(exact_lane(lanes)); });
 }

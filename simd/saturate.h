@@ -20,6 +20,25 @@ ORV_INLINE vec<T> limit_by_sign(vec<T> v)
     return sign_mask(v) ^ splat(max_of<T>);
 }
 
+/// The smaller one.
+template <class T>
+requires(!is_float<T>) ORV_INLINE vec<T> min(vec<T> a, vec<T> b)
+{
+    if constexpr (std::is_same_v<T, Orv16s>) {
+        return {_mm256_min_epi16(a.r, b.r)};
+    } else if constexpr (std::is_same_v<T, Orv32s>) {
+        return {_mm256_min_epi32(a.r, b.r)};
+    } else if constexpr (std::is_same_v<T, Orv32u>) {
+        return {_mm256_min_epu32(a.r, b.r)};
+    } else {
+        static_assert(std::is_same_v<T, Orv64s>);
+        return blend(is_greater(a, b), b, a);
+    }
+}
+
+/// The larger one.
+ORV_INLINE vec<Orv32s> max(vec<Orv32s> a, vec<Orv32s> b) { return {_mm256_max_epi32(a.r, b.r)}; }
+
 template <class T>
 ORV_INLINE vec<T> add_sat(vec<T> a, vec<T> b)
 {
@@ -87,11 +106,6 @@ ORV_INLINE vec<Orv16u> pack_sat(split<Orv32u> w)
     return {_mm256_packus_epi32(_mm256_min_epu32(w.low.r, limit), _mm256_min_epu32(w.high.r, limit))};
 }
 ORV_INLINE vec<Orv16s> pack_sat(split<Orv32s> w) { return {_mm256_packs_epi32(w.low.r, w.high.r)}; }
-/// Two vectors one after the other.
-ORV_INLINE vec<Orv16s> pack_sat(vec<Orv32s> first, vec<Orv32s> second)
-{
-    return {_mm256_permute4x64_epi64(_mm256_packs_epi32(first.r, second.r), 0xd8)};
-}
 ORV_INLINE vec<Orv16s> pack_sat(even_odd<Orv32s> w)
 {
     // Four even lanes, then four odd ones, in each half.

@@ -1,7 +1,8 @@
 // Vectors of lanes over 256-bit registers: the words that kernels are written in.
 //
-// vec<T> holds 32 bytes of lanes of T; vec<T, N> with half as many bytes is what a widening conversion starts from.
-// Every function here is one to a few instructions and inlines; nothing here knows a status, a length or a family.
+// vec<T> holds 32 bytes of lanes of T. vec<T, N> with fewer bytes is what a widening conversion starts from, and one
+// with more, over several registers, what a narrowing one starts from. Every function here is one to a few instructions
+// and inlines; nothing here knows a status, a length or a family.
 #ifndef ORV_SIMD_VEC_H
 #define ORV_SIMD_VEC_H
 
@@ -27,6 +28,10 @@ template <class T>
 struct reg_of<T, 16> {
     using type = __m128i;
 };
+template <class T>
+struct reg_of<T, 8> { // the lower half of a register
+    using type = __m128i;
+};
 template <>
 struct reg_of<Orv32f, 32> {
     using type = __m256;
@@ -36,7 +41,13 @@ struct reg_of<Orv64f, 32> {
     using type = __m256d;
 };
 
-template <class T, int lanes = 32 / int(sizeof(T))>
+/// How many lanes of T a register has, and how many a vector that is not told otherwise.
+template <class T>
+inline constexpr int register_lanes = 32 / int(sizeof(T));
+template <class T>
+inline constexpr int vector_lanes = register_lanes<T>;
+
+template <class T, int lanes = vector_lanes<T>>
 struct vec {
     static constexpr int N = lanes;
     using lane = T;
@@ -44,10 +55,10 @@ struct vec {
     reg r;
 };
 
-/// More lanes than a register has: for a source of wider elements than the destination's. It is what pack makes into
-/// one register.
+/// More lanes than a register has: two vectors of half as many, in order. For a source of wider elements than the
+/// destination's.
 template <class T, int lanes>
-requires(lanes * sizeof(T) > 32) struct vec<T, lanes> {
+requires(lanes > register_lanes<T>) struct vec<T, lanes> {
     static constexpr int N = lanes;
     using lane = T;
     vec<T, lanes / 2> low, high;
@@ -70,6 +81,56 @@ ORV_INLINE vec<U> as(vec<T> v)
         return {v.r};
     } else {
         return {reinterpret_cast<typename vec<U>::reg>(v.r)};
+    }
+}
+
+// ---- Halves
+
+template <class T, int N>
+ORV_INLINE vec<T, N / 2> low_half(vec<T, N> v)
+{
+    if constexpr (N > register_lanes<T>) {
+        return v.low;
+    } else {
+        static_assert(sizeof v.r == 32);
+        return {_mm256_castsi256_si128(reinterpret_cast<__m256i>(v.r))};
+    }
+}
+template <class T, int N>
+ORV_INLINE vec<T, N / 2> high_half(vec<T, N> v)
+{
+    if constexpr (N > register_lanes<T>) {
+        return v.high;
+    } else {
+        static_assert(sizeof v.r == 32);
+        return {_mm256_extracti128_si256(reinterpret_cast<__m256i>(v.r), 1)};
+    }
+}
+template <class T, int N>
+ORV_INLINE vec<T, 2 * N> join(vec<T, N> low, vec<T, N> high)
+{
+    if constexpr (2 * N > register_lanes<T>) {
+        return {low, high};
+    } else {
+        static_assert(sizeof low.r == 16 && 2 * N == register_lanes<T>);
+        return {reinterpret_cast<typename vec<T>::reg>(_mm256_set_m128i(high.r, low.r))};
+    }
+}
+
+/// A vector whose halves come from instructions of their own. They are stored one by one: to join them would cost more.
+template <class T>
+struct halves {
+    vec<T, vec<T>::N / 2> low, high;
+};
+
+/// f of every register of v, in order.
+template <class F, class T, int N>
+ORV_INLINE auto each(F f, vec<T, N> v)
+{
+    if constexpr (N > register_lanes<T>) {
+        return join(each(f, v.low), each(f, v.high));
+    } else {
+        return f(v);
     }
 }
 
@@ -115,8 +176,10 @@ template <class T, int N = vec<T>::N>
 ORV_INLINE vec<T, N> load(const T* p)
 {
     using V = vec<T, N>;
-    if constexpr (N > vec<T>::N) {
+    if constexpr (N > register_lanes<T>) {
         return {load<T, N / 2>(p), load<T, N / 2>(p + N / 2)};
+    } else if constexpr (N * int(sizeof(T)) == 8) {
+        return {_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))};
     } else if constexpr (sizeof(typename V::reg) == 16) {
         return {_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))};
     } else {
@@ -135,6 +198,18 @@ template <class T>
 ORV_INLINE void stream(T* p, vec<T> v)
 {
     _mm256_stream_si256(reinterpret_cast<__m256i*>(p), reinterpret_cast<__m256i>(v.r));
+}
+
+template <class T>
+ORV_INLINE void store(T* p, halves<T> v)
+{
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v.low.r);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(p) + 1, v.high.r);
+}
+template <class T>
+ORV_INLINE void stream(T* p, halves<T> v)
+{
+    stream(p, join(v.low, v.high));
 }
 
 ORV_INLINE void store_fence() { _mm_sfence(); }
@@ -158,7 +233,7 @@ ORV_INLINE void poke(char* p, Word w)
 /// and the other lanes repeat them. So no lane holds a value that is not in the array. For equal N the order is the
 /// same in all types.
 template <class T, int N = vec<T>::N>
-ORV_INLINE vec<T, N> load_n(const T* elements, int n)
+requires(std::is_arithmetic_v<T>&& N <= register_lanes<T>) ORV_INLINE vec<T, N> load_n(const T* elements, int n)
 {
     using V = vec<T, N>;
     constexpr int half = N * int(sizeof(T)) / 2;
@@ -180,10 +255,12 @@ ORV_INLINE vec<T, N> load_n(const T* elements, int n)
             return {reinterpret_cast<typename V::reg>(_mm256_set_m128i(back, front))};
         }
     }
-    if (bytes >= 8) {
-        const __m128i front = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
-        const __m128i back = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(end - 8));
-        return repeat(_mm_unpacklo_epi64(front, back));
+    if constexpr (half >= 8) {
+        if (bytes >= 8) {
+            const __m128i front = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
+            const __m128i back = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(end - 8));
+            return repeat(_mm_unpacklo_epi64(front, back));
+        }
     }
     if constexpr (sizeof(T) <= 4) {
         if (bytes >= 4) {
@@ -199,9 +276,8 @@ ORV_INLINE vec<T, N> load_n(const T* elements, int n)
     }
     return repeat(_mm_set1_epi8(*p)); // one byte: only 8-bit types come here
 }
-
 template <class T, int N>
-requires(N > vec<T>::N) ORV_INLINE vec<T, N> load_n(const T* elements, int n)
+requires(N > register_lanes<T>) ORV_INLINE vec<T, N> load_n(const T* elements, int n)
 {
     if (n >= N / 2) return {load<T, N / 2>(elements), load<T, N / 2>(elements + (n - N / 2))};
     const auto all = load_n<T, N / 2>(elements, n);
@@ -242,6 +318,11 @@ ORV_INLINE void store_n(T* elements, vec<T> v, int n)
         }
     }
     if constexpr (sizeof(T) == 1) *p = char(_mm_extract_epi8(low, 0));
+}
+template <class T>
+ORV_INLINE void store_n(T* elements, halves<T> v, int n)
+{
+    store_n(elements, join(v.low, v.high), n);
 }
 
 // ---- Arithmetic, lane by lane; integers wrap
@@ -513,17 +594,6 @@ ORV_INLINE auto widen(vec<T, N> v)
         static_assert(std::is_same_v<T, Orv32s>);
         return vec<Orv64s>{_mm256_cvtepi32_epi64(v.r)};
     }
-}
-
-template <class T>
-ORV_INLINE vec<T, vec<T>::N / 2> low_half(vec<T> v)
-{
-    return {_mm256_castsi256_si128(v.r)};
-}
-template <class T>
-ORV_INLINE vec<T, vec<T>::N / 2> high_half(vec<T> v)
-{
-    return {_mm256_extracti128_si256(v.r, 1)};
 }
 
 ORV_INLINE vec<Orv32f> to_float(vec<Orv32s> v) { return {_mm256_cvtepi32_ps(v.r)}; }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 
 namespace bench {
 namespace {
@@ -76,7 +77,42 @@ void read(const Streams& streams)
     for (__m256i& x : sum) asm volatile("" : : "x"(x));
 }
 
+template <class Store, std::size_t loads, std::size_t stores>
+void resize(const Resizing& arrays)
+{
+    const char* s = arrays.src;
+    char* d = arrays.dst;
+    for (std::size_t steps = arrays.dst_bytes / (32 * stores); steps > 0; --steps) {
+        __m256i x[loads];
+        for (std::size_t k = 0; k < loads; ++k) x[k] = load(s + 32 * k);
+        for (std::size_t k = stores; k < loads; ++k) x[k % stores] = _mm256_add_epi32(x[k % stores], x[k]);
+        for (std::size_t k = 0; k < stores; ++k) Store::store(d + 32 * k, x[k % loads]);
+        s += 32 * loads;
+        d += 32 * stores;
+    }
+}
+
+template <class Store>
+void resize(const Resizing& arrays)
+{
+    const std::size_t s = arrays.src_bytes, d = arrays.dst_bytes;
+    if (2 * s == d) resize<Store, 1, 2>(arrays);
+    else if (4 * s == d) resize<Store, 1, 4>(arrays);
+    else if (4 * s == 3 * d) resize<Store, 3, 4>(arrays);
+    else if (s == 2 * d) resize<Store, 2, 1>(arrays);
+    else if (s == 4 * d) resize<Store, 4, 1>(arrays);
+    else if (3 * s == 4 * d) resize<Store, 4, 3>(arrays);
+    else std::abort();
+}
+
 } // namespace
+
+void move_resized(const Resizing& arrays) { resize<Plain>(arrays); }
+void move_resized_past_caches(const Resizing& arrays)
+{
+    resize<NonTemporal>(arrays);
+    _mm_sfence();
+}
 
 void move_streams(const Streams& streams)
 {

@@ -25,6 +25,17 @@ void move_streams_in_short_steps(const Streams& streams);
 /// The same with non-temporal stores, which do not read dst into the caches first.
 void move_streams_past_caches(const Streams& streams);
 
+/// Reads one array and writes another of a different size: loads vectors of the one and stores of the other a step. A
+/// pair (loads, stores) is (1, 2), (1, 4), (3, 4) or the other way round.
+struct Resizing {
+    const char* src;
+    std::size_t src_bytes; ///< of the shorter one a multiple of 32, of the other as many steps
+    char* dst;
+    std::size_t dst_bytes;
+};
+void move_resized(const Resizing& arrays);
+void move_resized_past_caches(const Resizing& arrays);
+
 /// Bytes of the largest cache.
 std::size_t largest_cache();
 

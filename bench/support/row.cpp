@@ -25,6 +25,14 @@ void Row::limit(std::initializer_list<const void*> sources, void* dst, std::size
     if (dst && touched > largest_cache() / 4) add("limit_past_caches", [=] { move_streams_past_caches(streams); });
 }
 
+void Row::limit_resized(const void* src, std::size_t src_bytes, void* dst, std::size_t dst_bytes)
+{
+    if (src_bytes == dst_bytes) return limit({src}, dst, dst_bytes);
+    const Resizing sizes = {static_cast<const char*>(src), src_bytes, static_cast<char*>(dst), dst_bytes};
+    add("limit_long_steps", [=] { move_resized(sizes); });
+    if (src_bytes + dst_bytes > largest_cache() / 4) add("limit_past_caches", [=] { move_resized_past_caches(sizes); });
+}
+
 template <class T>
 void Row::limit_operations(double operations)
 {

@@ -58,6 +58,9 @@ public:
     /// A null dst only reads; a dst that is among the sources is updated in place.
     void limit(std::initializer_list<const void*> sources, void* dst, std::size_t bytes);
 
+    /// The same for a source and a destination of different sizes.
+    void limit_resized(const void* src, std::size_t src_bytes, void* dst, std::size_t dst_bytes);
+
     /// Nobody is faster than the multipliers: the time of that many floating operations, two for a multiply-add.
     /// With both limits, the longer time counts. T is float or double.
     template <class T>

@@ -3,6 +3,7 @@
 #define ORVS_H
 
 #include "orvs/arith.h"
+#include "orvs/convert.h"
 #include "orvs/core.h"
 #include "orvs/frame.h"
 #include "orvs/types.h"

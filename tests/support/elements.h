@@ -20,8 +20,31 @@ concept Complex = requires(T z)
     z.im;
 };
 
+/// A packed sample of 24 bits, least significant byte first.
+template <bool has_sign>
+struct Sample24 {
+    std::uint8_t bytes[3];
+
+    static Sample24 of(std::int32_t value)
+    {
+        const auto bits = static_cast<std::uint32_t>(value);
+        return {{static_cast<std::uint8_t>(bits), static_cast<std::uint8_t>(bits >> 8),
+                 static_cast<std::uint8_t>(bits >> 16)}};
+    }
+    std::int32_t value() const
+    {
+        const std::int32_t bits = bytes[0] + bytes[1] * 0x100 + bytes[2] * 0x10000;
+        return has_sign && bits > 0x7FFFFF ? bits - 0x1000000 : bits;
+    }
+};
+using Sample24s = Sample24<true>;
+using Sample24u = Sample24<false>;
+
 template <class T>
-concept Element = Real<T> || Complex<T>;
+concept Packed = std::same_as<T, Sample24s> || std::same_as<T, Sample24u>;
+
+template <class T>
+concept Element = Real<T> || Complex<T> || Packed<T>;
 
 enum class Number { signed_integer, unsigned_integer, binary_float };
 
@@ -42,6 +65,8 @@ constexpr ElementType element_type()
         return type;
     } else if constexpr (std::floating_point<T>) {
         return {Number::binary_float, sizeof(T), 1};
+    } else if constexpr (Packed<T>) {
+        return {std::same_as<T, Sample24s> ? Number::signed_integer : Number::unsigned_integer, 3, 1};
     } else {
         return {std::signed_integral<T> ? Number::signed_integer : Number::unsigned_integer, sizeof(T), 1};
     }

@@ -601,5 +601,23 @@ TEST(GuardedArray, blocks_are_used_again)
     EXPECT_NE(a.data(), b.data());
 }
 
+TEST(Sample24, has_three_bytes_with_or_without_a_sign)
+{
+    static_assert(sizeof(Sample24s) == 3 && element_type<Sample24s>().size() == 3);
+    for (const std::int32_t value : {0, 1, 0x7FFFFF, -1, -0x800000}) {
+        const auto sample = Sample24s::of(value);
+        EXPECT_EQ(sample.value(), value);
+        EXPECT_EQ(element_text(element_type<Sample24s>(), &sample), std::to_string(value));
+    }
+    for (const std::int32_t value : {0, 1, 0x800000, 0xFFFFFF}) {
+        const auto sample = Sample24u::of(value);
+        EXPECT_EQ(sample.value(), value);
+        EXPECT_EQ(element_text(element_type<Sample24u>(), &sample), std::to_string(value));
+    }
+    const Sample24s sample = Sample24s::of(0x030201);
+    EXPECT_EQ(sample.bytes[0], 1);
+    EXPECT_EQ(sample.bytes[2], 3);
+}
+
 } // namespace
 } // namespace orvtest
