@@ -15,6 +15,7 @@
 #define ORV_ARITH_QUOTIENTS_H
 
 #include "simd/float.h"
+#include "simd/lanes.h"
 #include "simd/saturate.h"
 
 namespace ORV_VARIANT {
@@ -121,18 +122,18 @@ private:
 
 ORV_INLINE split<Orv32s> unpack(vec<Orv16u> v)
 {
-    const __m256i zero = _mm256_setzero_si256();
-    return {{_mm256_unpacklo_epi16(v.r, zero)}, {_mm256_unpackhi_epi16(v.r, zero)}};
+    const auto zero = splat(Orv16u(0));
+    return {as<Orv32s>(unpack_low(v, zero)), as<Orv32s>(unpack_high(v, zero))};
 }
 ORV_INLINE split<Orv32s> unpack(vec<Orv16s> v)
 {
-    const __m256i sign = sign_mask(v).r;
-    return {{_mm256_unpacklo_epi16(v.r, sign)}, {_mm256_unpackhi_epi16(v.r, sign)}};
+    const auto sign = sign_mask(v);
+    return {as<Orv32s>(unpack_low(v, sign)), as<Orv32s>(unpack_high(v, sign))};
 }
 ORV_INLINE split<Orv16u> unpack(vec<Orv8u> v)
 {
-    const __m256i zero = _mm256_setzero_si256();
-    return {{_mm256_unpacklo_epi8(v.r, zero)}, {_mm256_unpackhi_epi8(v.r, zero)}};
+    const auto zero = splat(Orv8u(0));
+    return {as<Orv16u>(unpack_low(v, zero)), as<Orv16u>(unpack_high(v, zero))};
 }
 
 template <class T, class Op, class... Rest>

@@ -10,11 +10,6 @@ using namespace ORV_VARIANT;
 
 namespace {
 
-const Int24* as_24s(const Orv8u* p) { return reinterpret_cast<const Int24*>(p); }
-const UInt24* as_24u(const Orv8u* p) { return reinterpret_cast<const UInt24*>(p); }
-Int24* as_24s(Orv8u* p) { return reinterpret_cast<Int24*>(p); }
-UInt24* as_24u(Orv8u* p) { return reinterpret_cast<UInt24*>(p); }
-
 template <class S, class D>
 ORV_INLINE OrvStatus plain_form(const S* src, D* dst, int len)
 {

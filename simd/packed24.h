@@ -15,6 +15,11 @@ struct packed24 {
 using Int24 = packed24<Orv32s>;
 using UInt24 = packed24<Orv32u>;
 
+ORV_INLINE const Int24* as_24s(const Orv8u* p) { return reinterpret_cast<const Int24*>(p); }
+ORV_INLINE const UInt24* as_24u(const Orv8u* p) { return reinterpret_cast<const UInt24*>(p); }
+ORV_INLINE Int24* as_24s(Orv8u* p) { return reinterpret_cast<Int24*>(p); }
+ORV_INLINE UInt24* as_24u(Orv8u* p) { return reinterpret_cast<UInt24*>(p); }
+
 template <class Word>
 inline constexpr int register_lanes<packed24<Word>> = 8;
 template <class Word>
@@ -29,15 +34,20 @@ struct vec<packed24<Word>, 8> {
     __m256i r;
 };
 
+/// One sample a lane, in its upper three bytes, above zeros.
+template <class Word>
+ORV_INLINE vec<Word> unpack24_upper(vec<packed24<Word>, 8> v)
+{
+    constexpr char no = -1;
+    const __m256i order = _mm256_setr_epi8(no, 0, 1, 2, no, 3, 4, 5, no, 6, 7, 8, no, 9, 10, 11, // lower half
+                                           no, 4, 5, 6, no, 7, 8, 9, no, 10, 11, 12, no, 13, 14, 15);
+    return {_mm256_shuffle_epi8(v.r, order)};
+}
 /// One sample a lane: sign or zeros above it.
 template <class Word>
 ORV_INLINE vec<Word> unpack24(vec<packed24<Word>, 8> v)
 {
-    // The sample goes to the upper three bytes of its lane, and the shift fills with what belongs above it.
-    constexpr char no = -1;
-    const __m256i order = _mm256_setr_epi8(no, 0, 1, 2, no, 3, 4, 5, no, 6, 7, 8, no, 9, 10, 11, // lower half
-                                           no, 4, 5, 6, no, 7, 8, 9, no, 10, 11, 12, no, 13, 14, 15);
-    const __m256i upper = _mm256_shuffle_epi8(v.r, order);
+    const __m256i upper = unpack24_upper(v).r;
     if constexpr (std::is_signed_v<Word>) {
         return {_mm256_srai_epi32(upper, 8)};
     } else {

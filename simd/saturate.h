@@ -37,6 +37,7 @@ requires(!is_float<T>) ORV_INLINE vec<T> min(vec<T> a, vec<T> b)
 }
 
 /// The larger one.
+ORV_INLINE vec<Orv16s> max(vec<Orv16s> a, vec<Orv16s> b) { return {_mm256_max_epi16(a.r, b.r)}; }
 ORV_INLINE vec<Orv32s> max(vec<Orv32s> a, vec<Orv32s> b) { return {_mm256_max_epi32(a.r, b.r)}; }
 
 template <class T>
