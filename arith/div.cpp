@@ -3,11 +3,11 @@
 
 #include <limits>
 
-#include "arith/complex.h"
 #include "arith/quotients.h"
 #include "frame/checks.h"
 #include "frame/map.h"
 #include "frame/team.h"
+#include "simd/planar.h"
 
 using namespace ORV_VARIANT;
 
@@ -50,20 +50,21 @@ ORV_INLINE vec<Orv64f> divide(vec<Orv64f> a, vec<Orv64f> b, Seen& zeros)
     return a / b;
 }
 
-// ---- Complex floats: a * conj(b) / |b|^2 on interleaved parts
+// ---- Complex floats: a * conj(b) / |b|^2
 
-/// re = fma(a.re, b.re, a.im * b.im), im = fma(a.im, b.re, -(a.re * b.im)).
+/// re = fma(a.re, b.re, a.im * b.im) * r, im = fma(-a.re, b.im, a.im * b.re) * r with r = 1 / fma(b.re, b.re, b.im *
+/// b.im).
 template <class T>
-ORV_INLINE vec<T> times_conjugate(vec<T> a, vec<T> b)
-{
-    return fma_add_subtract(a, even_twice(b), swap_pairs(a) * odd_twice(b));
-}
-template <class T>
-ORV_INLINE vec<T> norms(vec<T> b)
-{
-    const auto squares = b * b;
-    return squares + swap_pairs(squares);
-}
+struct ComplexQuotient {
+    vec<T> re, im, norm;
+
+    ORV_INLINE ComplexQuotient(vec<T> a_re, vec<T> a_im, vec<T> b_re, vec<T> b_im) : norm(fma(b_re, b_re, b_im * b_im))
+    {
+        const auto r = splat(T(1)) / norm;
+        re = fma(a_re, b_re, a_im * b_im) * r;
+        im = fnma(a_re, b_im, a_im * b_re) * r;
+    }
+};
 
 /// Where |b|^2 might not be a normal number, or products with a might not: a quarter of the exponents is left on each
 /// side. One comparison of the bits as integers serves for both ends.
@@ -77,46 +78,45 @@ ORV_INLINE auto is_extreme(vec<T> norm)
 }
 
 /// The quotient for extreme b, in doubles, where nothing of floats overflows or vanishes.
-[[gnu::noinline, gnu::cold]] vec<Orv32f> divide_extreme(vec<Orv32f> a, vec<Orv32f> b)
+[[gnu::noinline, gnu::cold]] vec<Planar32> divide_extreme(vec<Planar32> a, vec<Planar32> b)
 {
-    const auto x = to_double(a), y = to_double(b);
-    return to_float({times_conjugate(x.low, y.low) / norms(y.low), times_conjugate(x.high, y.high) / norms(y.high)});
+    const auto a_re = to_double(a.re), a_im = to_double(a.im), b_re = to_double(b.re), b_im = to_double(b.im);
+    const ComplexQuotient<Orv64f> low(a_re.low, a_im.low, b_re.low, b_im.low);
+    const ComplexQuotient<Orv64f> high(a_re.high, a_im.high, b_re.high, b_im.high);
+    return {to_float({low.re, high.re}), to_float({low.im, high.im})};
 }
 /// By way of b * 2^k, whose larger part lies in [2, 4).
-[[gnu::noinline, gnu::cold]] vec<Orv64f> divide_extreme(vec<Orv64f> a, vec<Orv64f> b)
+[[gnu::noinline, gnu::cold]] vec<Planar64> divide_extreme(vec<Planar64> a, vec<Planar64> b)
 {
     const auto infinity = splat(std::numeric_limits<Orv64f>::infinity()); // all bits of the exponent
-    const auto exponent = b & infinity;
-    const auto power = as<Orv64f>(as<Orv64s>(infinity) - as<Orv64s>(max(exponent, swap_pairs(exponent))));
-    const auto c = b * power;
-    return times_conjugate(a, c) / norms(c) * power;
+    const auto larger = max(b.re & infinity, b.im & infinity);
+    const auto power = as<Orv64f>(as<Orv64s>(infinity) - as<Orv64s>(larger));
+    const ComplexQuotient<Orv64f> q(a.re, a.im, b.re * power, b.im * power);
+    return {q.re * power, q.im * power};
 }
 
 template <class T>
-ORV_INLINE vec<T> divide_complex(vec<T> a, vec<T> b, Seen& zeros)
+ORV_INLINE vec<Planar<T>> divide(vec<Planar<T>> a, vec<Planar<T>> b, Seen& zeros)
 {
-    const auto norm = norms(b);
-    const auto quotient = times_conjugate(a, b) / norm;
-    const auto extreme = is_extreme(norm);
+    const ComplexQuotient<T> q(a.re, a.im, b.re, b.im);
+    const auto extreme = is_extreme(q.norm);
     if (any(extreme)) [[unlikely]] {
-        const auto part_is_zero = is_equal(b, splat(T(0)));
-        const auto is_zero = part_is_zero & swap_pairs(part_is_zero);
+        const auto zero = splat(T(0));
+        const auto is_zero = is_equal(b.re, zero) & is_equal(b.im, zero);
         zeros.add(is_zero);
-        const auto other = blend(is_zero, over_zero(a, even_twice(b)), divide_extreme(a, b));
-        return blend(extreme, other, quotient);
+        const auto other = divide_extreme(a, b);
+        return {blend(extreme, blend(is_zero, over_zero(a.re, b.re), other.re), q.re),
+                blend(extreme, blend(is_zero, over_zero(a.im, b.re), other.im), q.im)};
     }
-    return quotient;
+    return {q.re, q.im};
 }
 
-template <class C>
-ORV_INLINE int divide_by_parts(const C* src1, const C* src2, C* dst, int len)
+/// The kernel of a form.
+template <class T>
+ORV_INLINE int divide_each(const T* src1, const T* src2, T* dst, int len)
 {
     Seen zeros;
-    for_parts(len, [&](std::ptrdiff_t at, int n) ORV_INLINE_LAMBDA {
-        map<2>([&](auto b, auto a) ORV_INLINE_LAMBDA { return divide_complex(a, b, zeros); }, parts(dst) + at, n,
-               parts(src1) + at, parts(src2) + at);
-        return orvOk;
-    });
+    map([&](auto b, auto a) ORV_INLINE_LAMBDA { return divide(a, b, zeros); }, dst, len, src1, src2);
     return zeros.any();
 }
 
@@ -138,9 +138,7 @@ ORV_INLINE OrvStatus divide_vectors(int (*kernel)(const T*, const T*, T*, int), 
 
 ORV_KERNEL int ownorvsDiv_32f(const Orv32f* src1, const Orv32f* src2, Orv32f* dst, int len)
 {
-    Seen zeros;
-    map([&](auto b, auto a) ORV_INLINE_LAMBDA { return divide(a, b, zeros); }, dst, len, src1, src2);
-    return zeros.any();
+    return divide_each(src1, src2, dst, len);
 }
 OrvStatus orvsDiv_32f(const Orv32f* src1, const Orv32f* src2, Orv32f* dst, int len)
 {
@@ -150,9 +148,7 @@ OrvStatus orvsDiv_32f_I(const Orv32f* src, Orv32f* srcDst, int len) { return orv
 
 ORV_KERNEL int ownorvsDiv_64f(const Orv64f* src1, const Orv64f* src2, Orv64f* dst, int len)
 {
-    Seen zeros;
-    map([&](auto b, auto a) ORV_INLINE_LAMBDA { return divide(a, b, zeros); }, dst, len, src1, src2);
-    return zeros.any();
+    return divide_each(src1, src2, dst, len);
 }
 OrvStatus orvsDiv_64f(const Orv64f* src1, const Orv64f* src2, Orv64f* dst, int len)
 {
@@ -162,7 +158,7 @@ OrvStatus orvsDiv_64f_I(const Orv64f* src, Orv64f* srcDst, int len) { return orv
 
 ORV_KERNEL int ownorvsDiv_32fc(const Orv32fc* src1, const Orv32fc* src2, Orv32fc* dst, int len)
 {
-    return divide_by_parts(src1, src2, dst, len);
+    return divide_each(as_planar(src1), as_planar(src2), as_planar(dst), len);
 }
 OrvStatus orvsDiv_32fc(const Orv32fc* src1, const Orv32fc* src2, Orv32fc* dst, int len)
 {
@@ -175,7 +171,7 @@ OrvStatus orvsDiv_32fc_I(const Orv32fc* src, Orv32fc* srcDst, int len)
 
 ORV_KERNEL int ownorvsDiv_64fc(const Orv64fc* src1, const Orv64fc* src2, Orv64fc* dst, int len)
 {
-    return divide_by_parts(src1, src2, dst, len);
+    return divide_each(as_planar(src1), as_planar(src2), as_planar(dst), len);
 }
 OrvStatus orvsDiv_64fc(const Orv64fc* src1, const Orv64fc* src2, Orv64fc* dst, int len)
 {

@@ -136,6 +136,25 @@ constexpr auto volk_mulc_32fc = volk([](auto src, auto value, auto dst, auto n) 
     volk_32fc_s32fc_multiply_32fc(standard(dst), standard(src), standard(value), unsigned(n));
 });
 
+// ---- srcDst = srcDst * value, by -1: the elements stay what they are for any number of calls
+
+template <class T, class Ours, class... Peers>
+void value_in_place(const bench::Kind& kind, Ours ours, Peers... peers)
+{
+    bench::rows(kind.family, kind.name, kind.sizes, [=](bench::Row& row, int n) {
+        T* src_dst = row.array<T>(n);
+        row.limit({src_dst}, src_dst, std::size_t(n) * sizeof(T));
+        row.ours([=] { return ours(T(-1), src_dst, n); });
+        (add_peer(row, peers, T(-1), src_dst, n), ...);
+    });
+}
+
+constexpr auto openblas_scal_32f =
+    bench::openblas([](auto value, auto src_dst, auto n) { cblas_sscal(n, value, src_dst, 1); });
+constexpr auto openblas_scal_64f =
+    bench::openblas([](auto value, auto src_dst, auto n) { cblas_dscal(n, value, src_dst, 1); });
+constexpr Peer eigen_scal{"eigen", [](auto value, auto src_dst, int n) { eigen_array(src_dst, n) *= value; }};
+
 template <int scale>
 constexpr Peer loop_mulc_scaled{"loop", [](auto... x) { loops::mulc_scaled(x..., scale); }};
 
@@ -144,6 +163,8 @@ const bench::Rows mulc{[] {
     source_and_value<Orv16s>(arith("mulc16s_sfs3"), call<orvsMulC_16s_Sfs, 3>, loop_mulc_scaled<3>);
     source_and_value<Orv32f>(arith("mulc32f"), call<orvsMulC_32f>, volk_mulc_32f, eigen_mulc, loop_mulc);
     source_and_value<Orv64f>(arith("mulc64f"), call<orvsMulC_64f>, eigen_mulc, loop_mulc);
+    value_in_place<Orv32f>(arith("mulc32f_i"), call<orvsMulC_32f_I>, openblas_scal_32f, eigen_scal);
+    value_in_place<Orv64f>(arith("mulc64f_i"), call<orvsMulC_64f_I>, openblas_scal_64f, eigen_scal);
     complex_source_and_value<Orv32fc>(complex_arith("mulc32fc"), call<orvsMulC_32fc>, volk_mulc_32fc,
                                       eigen_mulc_complex, loop_mulc);
     complex_source_and_value<Orv64fc>(complex_arith("mulc64fc"), call<orvsMulC_64fc>, eigen_mulc_complex, loop_mulc);

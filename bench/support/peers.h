@@ -3,6 +3,9 @@
 #define ORV_BENCH_SUPPORT_PEERS_H
 
 #include <Eigen/Core>
+#ifdef ORV_HAVE_OPENBLAS
+#include <cblas.h>
+#endif
 #ifdef ORV_HAVE_VOLK
 #include <volk/volk.h>
 #endif
@@ -28,6 +31,20 @@ constexpr auto volk([[maybe_unused]] F f)
 {
 #ifdef ORV_HAVE_VOLK
     return Peer{"volk", f};
+#else
+    return nullptr;
+#endif
+}
+
+/// OpenBLAS on one thread, or nothing, in the same way.
+template <class F>
+constexpr auto openblas([[maybe_unused]] F f)
+{
+#ifdef ORV_HAVE_OPENBLAS
+    return Peer{"openblas", [f](auto... x) {
+                    [[maybe_unused]] static const bool one_thread = (openblas_set_num_threads(1), true);
+                    f(x...);
+                }};
 #else
     return nullptr;
 #endif

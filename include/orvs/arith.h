@@ -334,7 +334,9 @@ ORVAPI(OrvStatus, orvsMulC_64f64s_ISfs, (Orv64f val, Orv64s* srcDst, int len, in
  * @retval orvWrnDivByZero   a divisor is zero; the vector is complete
  * @note 16u with scale < -31 gives 65535 for every dividend over a divisor other than zero, also for the dividend 0. 16sc
  *       with scale > 64 is filled with zeros without a look at the divisors.
- * @note From 4096 elements of 32f, 256 of 16sc, and 1024 of the other types except 16u up, two threads share the work.
+ * @note From 4096 elements of 32f, 256 of 16sc, and 1024 of the other types except 16u up, two threads share the work. To
+ *       hand it over takes 1 to 2 us, and much more while the other processors are busy: it pays from some ten thousand
+ *       elements on. A program that divides short vectors calls orvSetNumThreads(1).
  * @{ */
 ORVAPI(OrvStatus, orvsDiv_8u_Sfs,     (const Orv8u* src1, const Orv8u* src2, Orv8u* dst, int len, int scale))
 ORVAPI(OrvStatus, orvsDiv_8u_ISfs,    (const Orv8u* src, Orv8u* srcDst, int len, int scale))

@@ -1,0 +1,101 @@
+// Complex floats with their parts in vectors of their own: two registers of (re, im) pairs, taken apart when they are
+// loaded and put together when they are stored. Their order is that of the instructions; it serves element-wise work.
+#ifndef ORV_SIMD_PLANAR_H
+#define ORV_SIMD_PLANAR_H
+
+#include "simd/vec.h"
+
+namespace ORV_VARIANT {
+
+/// A complex element of an array that is worked on like that.
+template <class T>
+struct Planar {
+    T re, im;
+};
+using Planar32 = Planar<Orv32f>;
+using Planar64 = Planar<Orv64f>;
+
+ORV_INLINE const Planar32* as_planar(const Orv32fc* z) { return reinterpret_cast<const Planar32*>(z); }
+ORV_INLINE const Planar64* as_planar(const Orv64fc* z) { return reinterpret_cast<const Planar64*>(z); }
+ORV_INLINE Planar32* as_planar(Orv32fc* z) { return reinterpret_cast<Planar32*>(z); }
+ORV_INLINE Planar64* as_planar(Orv64fc* z) { return reinterpret_cast<Planar64*>(z); }
+
+template <class T>
+inline constexpr int register_lanes<Planar<T>> = register_lanes<T>;
+
+template <class T, int lanes>
+requires(lanes == register_lanes<T>) struct vec<Planar<T>, lanes> {
+    static constexpr int N = lanes;
+    using lane = Planar<T>;
+    vec<T> re, im;
+};
+
+// ---- Between pairs and parts
+
+ORV_INLINE vec<Planar32> take_apart(vec<Orv32f> first, vec<Orv32f> second)
+{
+    return {{_mm256_shuffle_ps(first.r, second.r, 0x88)}, {_mm256_shuffle_ps(first.r, second.r, 0xdd)}};
+}
+ORV_INLINE vec<Planar64> take_apart(vec<Orv64f> first, vec<Orv64f> second)
+{
+    return {{_mm256_unpacklo_pd(first.r, second.r)}, {_mm256_unpackhi_pd(first.r, second.r)}};
+}
+template <class T>
+struct pair_registers {
+    vec<T> first, second;
+};
+ORV_INLINE pair_registers<Orv32f> put_together(vec<Planar32> z)
+{
+    return {{_mm256_unpacklo_ps(z.re.r, z.im.r)}, {_mm256_unpackhi_ps(z.re.r, z.im.r)}};
+}
+ORV_INLINE pair_registers<Orv64f> put_together(vec<Planar64> z)
+{
+    return {{_mm256_unpacklo_pd(z.re.r, z.im.r)}, {_mm256_unpackhi_pd(z.re.r, z.im.r)}};
+}
+
+// ---- Loads and stores
+
+template <class P, int N>
+requires std::is_same_v<P, Planar<decltype(P::re)>> ORV_INLINE vec<P, N> load(const P* z)
+{
+    const auto* p = &z->re;
+    return take_apart(load(p), load(p + N));
+}
+template <class T>
+ORV_INLINE void store(Planar<T>* z, vec<Planar<T>> v)
+{
+    const auto pairs = put_together(v);
+    store(&z->re, pairs.first);
+    store(&z->re + register_lanes<T>, pairs.second);
+}
+template <class T>
+ORV_INLINE void stream(Planar<T>* z, vec<Planar<T>> v)
+{
+    const auto pairs = put_together(v);
+    stream(&z->re, pairs.first);
+    stream(&z->re + register_lanes<T>, pairs.second);
+}
+
+// Of n elements, the first and the last that a register holds, or, where there are fewer, all in both registers.
+
+template <class P, int N>
+requires std::is_same_v<P, Planar<decltype(P::re)>> ORV_INLINE vec<P, N> load_n(const P* z, int n)
+{
+    const auto* p = &z->re;
+    if (n >= N / 2) return take_apart(load(p), load(p + 2 * n - N));
+    const auto all = load_n(p, 2 * n);
+    return take_apart(all, all);
+}
+template <class T>
+ORV_INLINE void store_n(Planar<T>* z, vec<Planar<T>> v, int n)
+{
+    constexpr int N = register_lanes<T>;
+    const auto pairs = put_together(v);
+    if (n < N / 2) return store_n(&z->re, pairs.first, 2 * n);
+    store(&z->re, pairs.first);
+    store(&z->re + 2 * n - N, pairs.second);
+}
+
+} // namespace ORV_VARIANT
+
+#endif
