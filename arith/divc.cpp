@@ -22,7 +22,7 @@ ORV_INLINE void divide_at(const T* src, T val, T* dst, int len, int scale)
 {
     const ScaledQuotient<Orv32f, orvRndNear, close> q(scale, min_of<T>, max_of<T>);
     const IntegerState state;
-    const auto constant = exact_divisor(splat(Orv32f(val)));
+    const auto constant = exact_divisor(splat(Orv32f(inside_state(val))));
     const auto quotient = [=](auto x) ORV_INLINE_LAMBDA { return to_int(q(x, constant)); };
     map([=](auto a) ORV_INLINE_LAMBDA { return by_floats(quotient, a); }, dst, len, src);
 }
@@ -128,7 +128,8 @@ ORV_INLINE void divide_complex_at(const Orv16s* src, Orv16sc val, Orv16s* dst, i
     const ScaledQuotient<Orv64f, orvRndNear, close> q(scale, min_of<Orv16s>, max_of<Orv16s>);
     const IntegerState state;
     const auto divisor = splat(val);
-    const auto norm = exact_divisor(splat(Orv64f(val.re) * val.re + Orv64f(val.im) * val.im));
+    const Orv64f re = inside_state(val.re), im = inside_state(val.im);
+    const auto norm = exact_divisor(splat(re * re + im * im));
     map<2>([=](auto a) ORV_INLINE_LAMBDA { return complex_quotients(q, a, divisor, norm, norm); }, dst, parts, src);
 }
 
@@ -199,14 +200,26 @@ OrvStatus orvsDivC_64s_ISfs(Orv64s val, Orv64s* srcDst, int len, int scale)
         if (len > 0) map([](auto x) ORV_INLINE_LAMBDA { return sign_limit(x); }, srcDst, len, srcDst);
         return orvWrnDivByZero;
     }
-    for (int i = 0; i < len; ++i) {
-        const Magnitude quotient = divide_magnitudes(magnitude(srcDst[i]), magnitude(val), scale);
-        srcDst[i] = with_sign(quotient, (srcDst[i] < 0) != (val < 0));
-    }
+    replace_each(srcDst, len, [=](Orv64s x) ORV_INLINE_LAMBDA {
+        return with_sign(divide_magnitudes(magnitude(x), magnitude(val), scale), (x < 0) != (val < 0));
+    });
     return orvOk;
 }
 
 // ---- Floating point: a product with the reciprocal
+
+namespace {
+
+/// -x behind the product that gave x: a compiler may take -(a * b) for (-a) * b, which rounds otherwise where the
+/// caller rounds up or down.
+template <class T>
+ORV_INLINE T negated(T x)
+{
+    __asm__("" : "+x"(x));
+    return -x;
+}
+
+} // namespace
 
 OrvStatus orvsDivC_32f(const Orv32f* src, Orv32f val, Orv32f* dst, int len)
 {
@@ -229,7 +242,7 @@ OrvStatus orvsDivC_32fc(const Orv32fc* src, Orv32fc val, Orv32fc* dst, int len)
     const Orv32f norm = __builtin_fmaf(val.re, val.re, val.im * val.im);
     if (norm == 0) return orvErrDivisorZero;
     const Orv32f s = 1 / norm;
-    return orvsMulC_32fc(src, {val.re * s, -(s * val.im)}, dst, len);
+    return orvsMulC_32fc(src, {val.re * s, negated(s * val.im)}, dst, len);
 }
 OrvStatus orvsDivC_32fc_I(Orv32fc val, Orv32fc* srcDst, int len) { return orvsDivC_32fc(srcDst, val, srcDst, len); }
 OrvStatus orvsDivC_64fc(const Orv64fc* src, Orv64fc val, Orv64fc* dst, int len)
@@ -238,6 +251,6 @@ OrvStatus orvsDivC_64fc(const Orv64fc* src, Orv64fc val, Orv64fc* dst, int len)
     const Orv64f norm = __builtin_fma(val.re, val.re, val.im * val.im);
     if (norm == 0) return orvErrDivisorZero;
     const Orv64f s = 1 / norm;
-    return orvsMulC_64fc(src, {val.re * s, -(s * val.im)}, dst, len);
+    return orvsMulC_64fc(src, {val.re * s, negated(s * val.im)}, dst, len);
 }
 OrvStatus orvsDivC_64fc_I(Orv64fc val, Orv64fc* srcDst, int len) { return orvsDivC_64fc(srcDst, val, srcDst, len); }

@@ -100,10 +100,9 @@ namespace {
 /// srcDst * factor * 2^-scale, where negative is the sign of the factor.
 ORV_INLINE void multiply_scaled(Orv64u factor, bool negative, Orv64s* srcDst, int len, int scale)
 {
-    for (int i = 0; i < len; ++i) {
-        const Magnitude product = multiply_magnitudes(magnitude(srcDst[i]), factor);
-        srcDst[i] = with_sign(scaled(product, scale), (srcDst[i] < 0) != negative);
-    }
+    replace_each(srcDst, len, [=](Orv64s x) ORV_INLINE_LAMBDA {
+        return with_sign(scaled(multiply_magnitudes(magnitude(x), factor), scale), (x < 0) != negative);
+    });
 }
 
 } // namespace
@@ -150,7 +149,7 @@ OrvStatus orvsMulC_32f16s_Sfs(const Orv32f* src, Orv32f val, Orv16s* dst, int le
 {
     if (const OrvStatus bad = check(len, src, dst)) return bad;
     const NearestState state;
-    const auto factor = splat(Orv64f(val) * power_of_two<Orv32f>(scale));
+    const auto factor = splat(Orv64f(inside_state(val)) * power_of_two<Orv32f>(scale));
     const auto product = [=](vec<Orv64f> x) ORV_INLINE_LAMBDA { return x * factor; };
     map([=](auto x) ORV_INLINE_LAMBDA { return round_to<Orv16s, orvRndNear>(each(product, convert_to<Orv64f>(x))); },
         dst, len, src);

@@ -69,6 +69,14 @@ ORV_INLINE Magnitude scaled(Magnitude x, int scale)
     return fits ? Magnitude{0, x.low << -scale} : Magnitude{x.high | x.low, 0};
 }
 
+/// srcDst[i] = op(srcDst[i]), one element at a time and at any alignment.
+template <class Op>
+ORV_INLINE void replace_each(Orv64s* srcDst, int len, Op op)
+{
+    char* p = reinterpret_cast<char*>(srcDst);
+    for (int i = 0; i < len; ++i, p += sizeof(Orv64s)) poke(p, op(peek<Orv64s>(p)));
+}
+
 } // namespace ORV_VARIANT
 
 #endif

@@ -44,6 +44,14 @@ private:
     bool changed_;
 };
 
+/// x, known from here on only: what is computed from it stays behind the setting of the state before.
+template <class T>
+ORV_INLINE T inside_state(T x)
+{
+    __asm__ volatile("" : "+m"(x));
+    return x;
+}
+
 /// Roundings to nearest, ties to even, whatever the caller has set; conversions of values out of range are silent.
 struct NearestState : FloatState {
     ORV_INLINE NearestState() : FloatState(rounding, mask_invalid) {}

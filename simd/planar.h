@@ -55,25 +55,36 @@ ORV_INLINE pair_registers<Orv64f> put_together(vec<Planar64> z)
 
 // ---- Loads and stores
 
+template <class T>
+ORV_INLINE T* as_parts(Planar<T>* z)
+{
+    return reinterpret_cast<T*>(z);
+}
+template <class T>
+ORV_INLINE const T* as_parts(const Planar<T>* z)
+{
+    return reinterpret_cast<const T*>(z);
+}
+
 template <class P, int N>
 requires std::is_same_v<P, Planar<decltype(P::re)>> ORV_INLINE vec<P, N> load(const P* z)
 {
-    const auto* p = &z->re;
+    const auto* p = as_parts(z);
     return take_apart(load(p), load(p + N));
 }
 template <class T>
 ORV_INLINE void store(Planar<T>* z, vec<Planar<T>> v)
 {
     const auto pairs = put_together(v);
-    store(&z->re, pairs.first);
-    store(&z->re + register_lanes<T>, pairs.second);
+    store(as_parts(z), pairs.first);
+    store(as_parts(z) + register_lanes<T>, pairs.second);
 }
 template <class T>
 ORV_INLINE void stream(Planar<T>* z, vec<Planar<T>> v)
 {
     const auto pairs = put_together(v);
-    stream(&z->re, pairs.first);
-    stream(&z->re + register_lanes<T>, pairs.second);
+    stream(as_parts(z), pairs.first);
+    stream(as_parts(z) + register_lanes<T>, pairs.second);
 }
 
 // Of n elements, the first and the last that a register holds, or, where there are fewer, all in both registers.
@@ -81,7 +92,7 @@ ORV_INLINE void stream(Planar<T>* z, vec<Planar<T>> v)
 template <class P, int N>
 requires std::is_same_v<P, Planar<decltype(P::re)>> ORV_INLINE vec<P, N> load_n(const P* z, int n)
 {
-    const auto* p = &z->re;
+    const auto* p = as_parts(z);
     if (n >= N / 2) return take_apart(load(p), load(p + 2 * n - N));
     const auto all = load_n(p, 2 * n);
     return take_apart(all, all);
@@ -91,9 +102,9 @@ ORV_INLINE void store_n(Planar<T>* z, vec<Planar<T>> v, int n)
 {
     constexpr int N = register_lanes<T>;
     const auto pairs = put_together(v);
-    if (n < N / 2) return store_n(&z->re, pairs.first, 2 * n);
-    store(&z->re, pairs.first);
-    store(&z->re + 2 * n - N, pairs.second);
+    if (n < N / 2) return store_n(as_parts(z), pairs.first, 2 * n);
+    store(as_parts(z), pairs.first);
+    store(as_parts(z) + 2 * n - N, pairs.second);
 }
 
 } // namespace ORV_VARIANT

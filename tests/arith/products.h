@@ -22,13 +22,20 @@ struct Product {
         const T& a = reversed ? second : first;
         const T& b = reversed ? first : second;
         if constexpr (is_complex_float<T>())
-            return {std::fma(a.re, b.re, -(a.im * b.im)), std::fma(b.im, a.re, a.im * b.re)};
+            return {std::fma(a.re, b.re, -kept(a.im * b.im)), std::fma(b.im, a.re, a.im * b.re)};
         else return a * b;
     }
     template <class T, Complex C>
     requires(!Complex<T>) C operator()(const T& factor, const C& z) const { return {factor * z.re, factor * z.im}; }
 
 private:
+    /// The rounded x: a compiler may take -(p * q) for (-p) * q, which is not the same where rounding is directed.
+    template <std::floating_point T>
+    static T kept(T x)
+    {
+        asm volatile("" : "+x"(x));
+        return x;
+    }
     template <class T>
     static constexpr bool is_complex_float()
     {

@@ -29,7 +29,8 @@ public:
     BitCopies(const Copy& f, bool little, int from, int to, int length)
     {
         const auto bytes = [=](int offset) { return static_cast<std::size_t>((offset % 8 + length + 7) / 8); };
-        Random random(seed_of(f.name(), static_cast<std::uint64_t>(length * 64 + from % 8 * 8 + to % 8)));
+        Random random(seed_of(f.name(), static_cast<std::uint64_t>(length) * 64 +
+                                            static_cast<std::uint64_t>(from % 8 * 8 + to % 8)));
         const std::vector<Orv8u> src = inputs<Orv8u>(random, bytes(from)), before = inputs<Orv8u>(random, bytes(to));
         std::vector<Orv8u> want = before;
         for (int k = 0; k < length; ++k)

@@ -72,7 +72,7 @@ std::string element_text(const ElementType& type, const void* element)
 std::size_t first_difference(const ElementType& type, const void* a, const void* b, std::size_t n, NanView nans)
 {
     const std::size_t size = type.size();
-    if (std::memcmp(a, b, n * size) == 0) return n;
+    if (n == 0 || std::memcmp(a, b, n * size) == 0) return n;
     const auto* x = static_cast<const std::byte*>(a);
     const auto* y = static_cast<const std::byte*>(b);
     for (std::size_t i = 0; i < n; ++i)
