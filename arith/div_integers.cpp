@@ -96,7 +96,7 @@ template <class D, class B, class A>
 ORV_KERNEL int divide_to_limits(const B* src1, const A* src2, D* dst, int len)
 {
     return map_divided(
-        [](auto a, auto b, auto) ORV_INLINE_LAMBDA {
+        [](auto a, [[maybe_unused]] auto b, auto) ORV_INLINE_LAMBDA {
             const auto dividend = sign_of_dividend(a);
             const auto is_nothing = is_equal(dividend, splat(D(0)));
             if constexpr (std::is_signed_v<D>) return and_not(is_nothing, limit_by_sign(dividend ^ b));

@@ -3,6 +3,8 @@
 #ifndef ORV_SIMD_PACKED24_H
 #define ORV_SIMD_PACKED24_H
 
+#include <cstddef>
+
 #include "simd/vec.h"
 
 namespace ORV_VARIANT {
@@ -78,7 +80,7 @@ template <class T, int N>
 requires(sizeof(T) == 3 && N == 8) ORV_INLINE vec<T, N> load_n(const T* samples, int n)
 {
     const char* p = reinterpret_cast<const char*>(samples);
-    const char* end = p + 3 * n;
+    const char* end = p + std::ptrdiff_t(3) * n;
     if (n >= 4) {
         const __m128i front =
             _mm_insert_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)), peek<int>(p + 8), 2);
@@ -150,7 +152,7 @@ template <class Word>
 ORV_INLINE void store_n(packed24<Word>* samples, vec<packed24<Word>, 8> v, int n)
 {
     char* p = reinterpret_cast<char*>(samples);
-    char* end = p + 3 * n;
+    char* end = p + std::ptrdiff_t(3) * n;
     const __m128i low = _mm256_castsi256_si128(v.r), high = _mm256_extracti128_si256(v.r, 1);
     if (n >= 4) {
         _mm_storel_epi64(reinterpret_cast<__m128i*>(p), low);
