@@ -52,8 +52,8 @@ ORV_INLINE vec<Orv64f> divide(vec<Orv64f> a, vec<Orv64f> b, Seen& zeros)
 
 // ---- Complex floats: a * conj(b) / |b|^2
 
-/// re = fma(a.re, b.re, a.im * b.im) * r, im = fma(-a.re, b.im, a.im * b.re) * r with r = 1 / fma(b.re, b.re, b.im *
-/// b.im).
+/// re = fma(a.re, b.re, a.im * b.im) * r, im = fma(-a.re, b.im, a.im * b.re) * r, where
+/// r = 1 / fma(b.re, b.re, b.im * b.im).
 template <class T>
 struct ComplexQuotient {
     vec<T> re, im, norm;
@@ -80,10 +80,15 @@ ORV_INLINE auto is_extreme(vec<T> norm)
 /// The quotient for extreme b, in doubles, where nothing of floats overflows or vanishes.
 [[gnu::noinline, gnu::cold]] vec<Planar32> divide_extreme(vec<Planar32> a, vec<Planar32> b)
 {
-    const auto a_re = to_double(a.re), a_im = to_double(a.im), b_re = to_double(b.re), b_im = to_double(b.im);
+    const auto a_re = convert_to<Orv64f>(a.re), a_im = convert_to<Orv64f>(a.im);
+    const auto b_re = convert_to<Orv64f>(b.re), b_im = convert_to<Orv64f>(b.im);
     const ComplexQuotient<Orv64f> low(a_re.low, a_im.low, b_re.low, b_im.low);
     const ComplexQuotient<Orv64f> high(a_re.high, a_im.high, b_re.high, b_im.high);
-    return {to_float({low.re, high.re}), to_float({low.im, high.im})};
+    const auto rounded = [](vec<Orv64f> first, vec<Orv64f> second) ORV_INLINE_LAMBDA {
+        const auto both = convert_to<Orv32f>(join(first, second));
+        return join(both.low, both.high);
+    };
+    return {rounded(low.re, high.re), rounded(low.im, high.im)};
 }
 /// By way of b * 2^k, whose larger part lies in [2, 4).
 [[gnu::noinline, gnu::cold]] vec<Planar64> divide_extreme(vec<Planar64> a, vec<Planar64> b)

@@ -10,7 +10,6 @@
 #include "frame/float_state.h"
 #include "frame/map.h"
 #include "frame/team.h"
-#include "simd/convert.h"
 
 using namespace ORV_VARIANT;
 
@@ -25,8 +24,8 @@ using working_type = std::conditional_t<sizeof(T) < 4, Orv32f, Orv64f>;
 template <class Q>
 ORV_INLINE vec<Orv32s> by_doubles(Q q, vec<Orv32s> a, vec<Orv32s> b)
 {
-    const auto x = to_double(a), y = to_double(b);
-    return to_int(vec<Orv64f, 8>{q(x.low, q.divisor(y.low)), q(x.high, q.divisor(y.high))});
+    const auto x = convert_to<Orv64f>(a), y = convert_to<Orv64f>(b);
+    return join(to_32s(q(x.low, q.divisor(y.low))), to_32s(q(x.high, q.divisor(y.high))));
 }
 
 template <class Q, class T>
@@ -35,7 +34,7 @@ ORV_INLINE vec<T> quotients(Q q, vec<T> a, vec<T> b)
     if constexpr (sizeof(T) == 4) {
         return by_doubles(q, a, b);
     } else {
-        return by_floats([=](auto x, auto y) ORV_INLINE_LAMBDA { return to_int(q(x, q.divisor(y))); }, a, b);
+        return by_floats([=](auto x, auto y) ORV_INLINE_LAMBDA { return to_32s(q(x, q.divisor(y))); }, a, b);
     }
 }
 template <class Q>
@@ -117,16 +116,19 @@ ORV_KERNEL int divide_to_zero(const B* src1, const A* src2, D* dst, int len)
 /// The scales between which a body divides, and the length from which a team does it.
 struct Roads {
     int lowest, highest, threshold;
+    TeamSize size = TeamSize::two;
 };
 
-/// The roads of a body after its checks. kernel(first, count) divides a slice.
-template <class Kernel, class D, class B, class A>
-ORV_INLINE OrvStatus choose_road(Roads roads, TeamSize size, const B* src1, const A* src2, D* dst, int len, int scale,
-                                 Kernel kernel)
+/// The roads of a body after its checks. how: the arguments of the kernel that follow the length.
+template <auto kernel, class D, class B, class A, class... How>
+ORV_INLINE OrvStatus choose_road(Roads roads, int scale, const B* src1, const A* src2, D* dst, int len, How... how)
 {
     if (scale < roads.lowest) return division_status(divide_to_limits(src1, src2, dst, len));
     if (scale > roads.highest) return division_status(divide_to_zero(src1, src2, dst, len));
-    return division_status(len < roads.threshold ? kernel(0, len) : on_team(size, len, kernel));
+    if (len < roads.threshold) return division_status(kernel(src1, src2, dst, len, how...));
+    return division_status(on_team(roads.size, len, [=](int first, int count) {
+        return kernel(src1 + first, src2 + first, dst + first, count, how...);
+    }));
 }
 
 constexpr int never = max_of<int>; // a threshold that keeps a body on the calling thread
@@ -142,9 +144,7 @@ ORV_KERNEL int ownorvsDiv_8u(const Orv8u* src1, const Orv8u* src2, Orv8u* dst, i
 OrvStatus orvsDiv_8u_Sfs(const Orv8u* src1, const Orv8u* src2, Orv8u* dst, int len, int scale)
 {
     if (const OrvStatus bad = check(len, src1, src2, dst)) return bad;
-    return choose_road({-15, 8, 1024}, TeamSize::two, src1, src2, dst, len, scale, [=](int first, int count) {
-        return ownorvsDiv_8u(src1 + first, src2 + first, dst + first, count, scale);
-    });
+    return choose_road<ownorvsDiv_8u>({-15, 8, 1024}, scale, src1, src2, dst, len, scale);
 }
 OrvStatus orvsDiv_8u_ISfs(const Orv8u* src, Orv8u* srcDst, int len, int scale)
 {
@@ -166,9 +166,7 @@ OrvStatus orvsDiv_16u_Sfs(const Orv16u* src1, const Orv16u* src2, Orv16u* dst, i
 {
     if (const OrvStatus bad = check(len, src1, src2, dst)) return bad;
     if (scale < -31) return division_status(divide_16u_to_limits(src1, src2, dst, len));
-    return choose_road({-31, 16, never}, TeamSize::two, src1, src2, dst, len, scale, [=](int first, int count) {
-        return ownps_Div_16u_Sfs(src1 + first, src2 + first, dst + first, count, scale);
-    });
+    return choose_road<ownps_Div_16u_Sfs>({-31, 16, never}, scale, src1, src2, dst, len, scale);
 }
 OrvStatus orvsDiv_16u_ISfs(const Orv16u* src, Orv16u* srcDst, int len, int scale)
 {
@@ -182,9 +180,7 @@ ORV_KERNEL int ownorvsDiv_16s(const Orv16s* src1, const Orv16s* src2, Orv16s* ds
 OrvStatus orvsDiv_16s_Sfs(const Orv16s* src1, const Orv16s* src2, Orv16s* dst, int len, int scale)
 {
     if (const OrvStatus bad = check(len, src1, src2, dst)) return bad;
-    return choose_road({-30, 15, 1024}, TeamSize::two, src1, src2, dst, len, scale, [=](int first, int count) {
-        return ownorvsDiv_16s(src1 + first, src2 + first, dst + first, count, scale);
-    });
+    return choose_road<ownorvsDiv_16s>({-30, 15, 1024}, scale, src1, src2, dst, len, scale);
 }
 OrvStatus orvsDiv_16s_ISfs(const Orv16s* src, Orv16s* srcDst, int len, int scale)
 {
@@ -198,9 +194,7 @@ ORV_KERNEL int ownorvsDiv_32s(const Orv32s* src1, const Orv32s* src2, Orv32s* ds
 OrvStatus orvsDiv_32s_Sfs(const Orv32s* src1, const Orv32s* src2, Orv32s* dst, int len, int scale)
 {
     if (const OrvStatus bad = check(len, src1, src2, dst)) return bad;
-    return choose_road({-62, 32, 1024}, TeamSize::two, src1, src2, dst, len, scale, [=](int first, int count) {
-        return ownorvsDiv_32s(src1 + first, src2 + first, dst + first, count, scale);
-    });
+    return choose_road<ownorvsDiv_32s>({-62, 32, 1024}, scale, src1, src2, dst, len, scale);
 }
 OrvStatus orvsDiv_32s_ISfs(const Orv32s* src, Orv32s* srcDst, int len, int scale)
 {
@@ -214,9 +208,7 @@ ORV_KERNEL int ownorvsDiv_32s16s(const Orv16s* src1, const Orv32s* src2, Orv16s*
 OrvStatus orvsDiv_32s16s_Sfs(const Orv16s* src1, const Orv32s* src2, Orv16s* dst, int len, int scale)
 {
     if (const OrvStatus bad = check(len, src1, src2, dst)) return bad;
-    return choose_road({-29, 31, 1024}, TeamSize::two, src1, src2, dst, len, scale, [=](int first, int count) {
-        return ownorvsDiv_32s16s(src1 + first, src2 + first, dst + first, count, scale);
-    });
+    return choose_road<ownorvsDiv_32s16s>({-29, 31, 1024}, scale, src1, src2, dst, len, scale);
 }
 
 // ---- Div of complex integers
@@ -300,9 +292,7 @@ OrvStatus orvsDiv_Round_8u_Sfs(const Orv8u* src1, const Orv8u* src2, Orv8u* dst,
                                int scale)
 {
     if (const OrvStatus bad = check_rounding(src1, src2, dst, len, rndMode)) return bad;
-    return choose_road({-30, 16, 512}, TeamSize::all, src1, src2, dst, len, scale, [=](int first, int count) {
-        return ownorvsDiv_Round_8u(src1 + first, src2 + first, dst + first, count, rndMode, scale);
-    });
+    return choose_road<ownorvsDiv_Round_8u>({-30, 16, 512, TeamSize::all}, scale, src1, src2, dst, len, rndMode, scale);
 }
 OrvStatus orvsDiv_Round_8u_ISfs(const Orv8u* src, Orv8u* srcDst, int len, OrvRoundMode rndMode, int scale)
 {
@@ -318,9 +308,8 @@ OrvStatus orvsDiv_Round_16u_Sfs(const Orv16u* src1, const Orv16u* src2, Orv16u* 
                                 int scale)
 {
     if (const OrvStatus bad = check_rounding(src1, src2, dst, len, rndMode)) return bad;
-    return choose_road({-30, 16, 1024}, TeamSize::all, src1, src2, dst, len, scale, [=](int first, int count) {
-        return ownorvsDiv_Round_16u(src1 + first, src2 + first, dst + first, count, rndMode, scale);
-    });
+    return choose_road<ownorvsDiv_Round_16u>({-30, 16, 1024, TeamSize::all}, scale, src1, src2, dst, len, rndMode,
+                                             scale);
 }
 OrvStatus orvsDiv_Round_16u_ISfs(const Orv16u* src, Orv16u* srcDst, int len, OrvRoundMode rndMode, int scale)
 {
@@ -336,9 +325,8 @@ OrvStatus orvsDiv_Round_16s_Sfs(const Orv16s* src1, const Orv16s* src2, Orv16s* 
                                 int scale)
 {
     if (const OrvStatus bad = check_rounding(src1, src2, dst, len, rndMode)) return bad;
-    return choose_road({-30, 16, 1024}, TeamSize::all, src1, src2, dst, len, scale, [=](int first, int count) {
-        return ownorvsDiv_Round_16s(src1 + first, src2 + first, dst + first, count, rndMode, scale);
-    });
+    return choose_road<ownorvsDiv_Round_16s>({-30, 16, 1024, TeamSize::all}, scale, src1, src2, dst, len, rndMode,
+                                             scale);
 }
 OrvStatus orvsDiv_Round_16s_ISfs(const Orv16s* src, Orv16s* srcDst, int len, OrvRoundMode rndMode, int scale)
 {

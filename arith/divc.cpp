@@ -23,7 +23,7 @@ ORV_INLINE void divide_at(const T* src, T val, T* dst, int len, int scale)
     const ScaledQuotient<Orv32f, orvRndNear, close> q(scale, min_of<T>, max_of<T>);
     const IntegerState state;
     const auto constant = exact_divisor(splat(Orv32f(inside_state(val))));
-    const auto quotient = [=](auto x) ORV_INLINE_LAMBDA { return to_int(q(x, constant)); };
+    const auto quotient = [=](auto x) ORV_INLINE_LAMBDA { return to_32s(q(x, constant)); };
     map([=](auto a) ORV_INLINE_LAMBDA { return by_floats(quotient, a); }, dst, len, src);
 }
 
@@ -49,6 +49,21 @@ ORV_INLINE OrvStatus divide_to_limits(const T* src, T val, T* dst, int len)
     return orvOk;
 }
 
+/// The scales between which a body divides: beyond them every quotient other than 0 saturates, or all round to 0.
+template <auto kernel, class T>
+ORV_INLINE OrvStatus choose_road(int lowest, int highest, const T* src, T val, T* dst, int len, int scale)
+{
+    if (const OrvStatus bad = check(len, src, dst)) return bad;
+    if (val == 0) return orvErrDivisorZero;
+    if (scale < lowest) return divide_to_limits(src, val, dst, len);
+    if (scale > highest) return zero(dst, len);
+    if (len < 4096) kernel(src, val, dst, len, scale);
+    else
+        on_team(TeamSize::two, len,
+                [=](int first, int count) { return kernel(src + first, val, dst + first, count, scale); });
+    return orvOk;
+}
+
 } // namespace
 
 ORV_KERNEL int ownorvsDivC_8u(const Orv8u* src, Orv8u val, Orv8u* dst, int len, int scale)
@@ -58,15 +73,7 @@ ORV_KERNEL int ownorvsDivC_8u(const Orv8u* src, Orv8u val, Orv8u* dst, int len, 
 }
 OrvStatus orvsDivC_8u_Sfs(const Orv8u* src, Orv8u val, Orv8u* dst, int len, int scale)
 {
-    if (const OrvStatus bad = check(len, src, dst)) return bad;
-    if (val == 0) return orvErrDivisorZero;
-    if (scale < -15) return divide_to_limits(src, val, dst, len);
-    if (scale > 8) return zero(dst, len); // 255 / 2^9 is below one half
-    if (len < 4096) ownorvsDivC_8u(src, val, dst, len, scale);
-    else
-        on_team(TeamSize::two, len,
-                [=](int first, int count) { return ownorvsDivC_8u(src + first, val, dst + first, count, scale); });
-    return orvOk;
+    return choose_road<ownorvsDivC_8u>(-15, 8, src, val, dst, len, scale); // 255 / 2^9 is below one half
 }
 OrvStatus orvsDivC_8u_ISfs(Orv8u val, Orv8u* srcDst, int len, int scale)
 {
@@ -80,15 +87,7 @@ ORV_KERNEL int ownorvsDivC_16s(const Orv16s* src, Orv16s val, Orv16s* dst, int l
 }
 OrvStatus orvsDivC_16s_Sfs(const Orv16s* src, Orv16s val, Orv16s* dst, int len, int scale)
 {
-    if (const OrvStatus bad = check(len, src, dst)) return bad;
-    if (val == 0) return orvErrDivisorZero;
-    if (scale < -29) return divide_to_limits(src, val, dst, len);
-    if (scale > 15) return zero(dst, len); // 32768 / 2^16 is a tie, to the even 0
-    if (len < 4096) ownorvsDivC_16s(src, val, dst, len, scale);
-    else
-        on_team(TeamSize::two, len,
-                [=](int first, int count) { return ownorvsDivC_16s(src + first, val, dst + first, count, scale); });
-    return orvOk;
+    return choose_road<ownorvsDivC_16s>(-29, 15, src, val, dst, len, scale); // 32768 / 2^16 is a tie, to the even 0
 }
 OrvStatus orvsDivC_16s_ISfs(Orv16s val, Orv16s* srcDst, int len, int scale)
 {

@@ -14,9 +14,7 @@
 #ifndef ORV_ARITH_QUOTIENTS_H
 #define ORV_ARITH_QUOTIENTS_H
 
-#include "simd/float.h"
-#include "simd/lanes.h"
-#include "simd/saturate.h"
+#include "simd/convert.h"
 
 namespace ORV_VARIANT {
 
@@ -166,7 +164,7 @@ ORV_INLINE even_odd<Orv32s> multiply_conjugate(vec<Orv16s> a, vec<Orv16s> b)
 /// re^2 + im^2 as doubles; the sum of two times 2^30 has wrapped, and only its sign is wrong.
 ORV_INLINE vec<Orv64f, 8> norms(vec<Orv16s> b, vec<Orv32s> one_for_zero)
 {
-    const auto squares = to_double(vec<Orv32s>{_mm256_madd_epi16(b.r, b.r)} + one_for_zero);
+    const auto squares = convert_to<Orv64f>(vec<Orv32s>{_mm256_madd_epi16(b.r, b.r)} + one_for_zero);
     return {magnitude(squares.low), magnitude(squares.high)};
 }
 
@@ -175,9 +173,9 @@ template <class Q, class Norm>
 ORV_INLINE vec<Orv16s> complex_quotients(Q q, vec<Orv16s> a, vec<Orv16s> b, Norm low, Norm high)
 {
     const auto numerators = multiply_conjugate(a, b);
-    const auto re = to_double(numerators.even), im = to_double(numerators.odd);
-    return pack_sat(even_odd<Orv32s>{to_int(vec<Orv64f, 8>{q(re.low, low), q(re.high, high)}),
-                                     to_int(vec<Orv64f, 8>{q(im.low, low), q(im.high, high)})});
+    const auto re = convert_to<Orv64f>(numerators.even), im = convert_to<Orv64f>(numerators.odd);
+    return pack_sat(even_odd<Orv32s>{join(to_32s(q(re.low, low)), to_32s(q(re.high, high))),
+                                     join(to_32s(q(im.low, low)), to_32s(q(im.high, high)))});
 }
 
 /// Quotients of 16-bit parts saturate, or round to 0, at these scales and beyond.

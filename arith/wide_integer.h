@@ -73,8 +73,7 @@ ORV_INLINE Magnitude scaled(Magnitude x, int scale)
 template <class Op>
 ORV_INLINE void replace_each(Orv64s* srcDst, int len, Op op)
 {
-    char* p = reinterpret_cast<char*>(srcDst);
-    for (int i = 0; i < len; ++i, p += sizeof(Orv64s)) poke(p, op(peek<Orv64s>(p)));
+    for (int i = 0; i < len; ++i) put_element(srcDst + i, op(element_at(srcDst + i)));
 }
 
 } // namespace ORV_VARIANT

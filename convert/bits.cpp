@@ -74,13 +74,6 @@ ORV_INLINE OrvStatus check_strings(const Orv8u* src, int srcBitOffset, const Orv
     return len < 1 || srcBitOffset < 0 || dstBitOffset < 0 ? orvErrBadLength : orvOk;
 }
 
-/// p[i] at any alignment.
-template <class T>
-ORV_INLINE T element(const T* p, int i)
-{
-    return peek<T>(reinterpret_cast<const char*>(p + i));
-}
-
 /// The lower widths[i] bits of the words, one behind the other in little order, from bit `first` of dst on; returns how
 /// many. A step writes eight bytes to a buffer, whether they are full or not, so it needs no branch on the widths.
 ORV_INLINE Orv64s pack_words(const Orv32u* src, const int* widths, int len, Orv8u* dst, int first)
@@ -94,9 +87,9 @@ ORV_INLINE Orv64s pack_words(const Orv32u* src, const int* widths, int len, Orv8
         const int end = len - at < piece ? len : at + piece;
         Orv8u* next = buffer;
         for (int i = at; i < end; ++i) {
-            const int wanted = element(widths, i);
+            const int wanted = element_at(widths + i);
             const auto width = unsigned(wanted < 0 ? 0 : wanted > 32 ? 32 : wanted);
-            waiting |= (element(src, i) & ((Orv64u(1) << width) - 1)) << pending;
+            waiting |= (element_at(src + i) & ((Orv64u(1) << width) - 1)) << pending;
             poke(reinterpret_cast<char*>(next), waiting);
             pending += width;
             next += pending / 8, waiting >>= pending / 8 * 8, pending %= 8;
@@ -141,7 +134,7 @@ OrvStatus orvsPackBits_32u8u(const Orv32u* src, const int* widths, int len, Orv8
     if (len < 1 || dstBitOffset < 0) return orvErrBadLength;
     *bits = 0;
     int i = 0;
-    while (i < len && element(widths, i) < 1) ++i;
+    while (i < len && element_at(widths + i) < 1) ++i;
     if (i == len) return orvOk; // there may be no byte at the offset
 
     const Orv64s total = pack_words(src + i, widths + i, len - i, dst + dstBitOffset / 8, dstBitOffset % 8);

@@ -10,6 +10,7 @@
 #include <cstddef>
 
 #include "convert/bundle.h"
+#include "frame/alignment.h"
 #include "frame/caches.h"
 #include "simd/vec.h"
 
@@ -29,27 +30,6 @@ struct StreamingStore {
         stream(p, v);
     }
 };
-
-/// The last of the elements d[1] to d[N] that begins at a multiple of 32 bytes; N if none does. (So it is N if d itself
-/// does, and then sources that lie like d are read as well aligned as they are.)
-template <std::ptrdiff_t N, class T>
-ORV_INLINE std::ptrdiff_t last_aligned(const T* d)
-{
-    // size * i = -address modulo 32, and an odd number has an inverse there: x * (2 - x * x) is right in six bits.
-    constexpr auto size = unsigned(sizeof(T)), even = size & (0 - size), odd = size / even;
-    constexpr unsigned inverse = odd * (2 - odd * odd), period = even < 32 ? 32 / even : 1;
-    const auto address = unsigned(reinterpret_cast<std::size_t>(d));
-    static_assert(N % period == 0);
-    if (address % even % 32 != 0) return N;
-    const unsigned beyond = address / even * inverse % period; // d[-beyond] is aligned
-    return N - std::ptrdiff_t(beyond);
-}
-
-template <class T>
-ORV_INLINE bool is_aligned(const T* p)
-{
-    return reinterpret_cast<std::size_t>(p) % 32 == 0;
-}
 
 /// Is d one of these arrays?
 template <class... S>
@@ -149,7 +129,7 @@ ORV_INLINE void map_blocks(Op op, int n, bundle<const S*...> sources, bundle<D*.
         destinations.apply([&](D*... d) ORV_INLINE_LAMBDA { op.write(put, result, (d + i)...); });
     };
     const std::ptrdiff_t second =
-        destinations.apply([=](auto* d, auto*...) ORV_INLINE_LAMBDA { return last_aligned<N>(d); });
+        destinations.apply([=](auto* d, auto*...) ORV_INLINE_LAMBDA { return last_aligned<N, 1>(d); });
 
     constexpr std::size_t bytes_of_element = (0 + ... + sizeof(S)) + (0 + ... + sizeof(D));
     // Only to one array: stores past the caches to several at once are slower than plain ones.

@@ -36,9 +36,6 @@ struct Sample16 {
     struct Split;
 };
 
-/// A pack puts four samples of one channel before four of the other, in each half.
-constexpr byte_pattern in_turn = {{0, 1, 8, 9, 2, 3, 10, 11, 4, 5, 12, 13, 6, 7, 14, 15}};
-
 template <>
 struct Sample16::Join<1> {
     static constexpr int N = 16;
@@ -67,8 +64,7 @@ struct Sample16::Join {
         const vec<Orv32s> x[] = {from_unit_range<16>(load(channel))...};
         Rows y;
         repeat<rows>([&](auto k) ORV_INLINE_LAMBDA {
-            const auto pair = pack_sat(split<Orv32s>{x[2 * k], x[2 * k + 1]});
-            y.row[k] = as<Orv32s>(shuffle_bytes(pair, twice(in_turn)));
+            y.row[k] = as<Orv32s>(pack_sat(even_odd<Orv32s>{x[2 * k], x[2 * k + 1]}));
         });
         interleave_rows(y.row);
         return y;

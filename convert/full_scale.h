@@ -2,7 +2,7 @@
 #ifndef ORV_CONVERT_FULL_SCALE_H
 #define ORV_CONVERT_FULL_SCALE_H
 
-#include "simd/float.h"
+#include "simd/convert.h"
 
 namespace ORV_VARIANT {
 
@@ -12,7 +12,7 @@ template <int bits>
 ORV_INLINE vec<Orv32s> from_unit_range(vec<Orv32f> x)
 {
     constexpr auto scale = Orv32f(1 << (bits - 1)), highest = (scale - 1) / scale; // exact in a float
-    return to_int(min(splat(highest), x) * splat(scale));                          // a NaN passes the minimum
+    return to_32s(min(splat(highest), x) * splat(scale));                          // a NaN passes the minimum
 }
 
 /// x * 2^-bits: exact for integers of up to 24 significant bits.

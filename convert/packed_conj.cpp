@@ -18,16 +18,10 @@ ORV_INLINE void conj_flip(const Orv16sc* src, Orv16sc* dst, int len) { orvsConjF
 ORV_INLINE void conj_flip(const Orv32fc* src, Orv32fc* dst, int len) { orvsConjFlip_32fc(src, dst, len); }
 ORV_INLINE void conj_flip(const Orv64fc* src, Orv64fc* dst, int len) { orvsConjFlip_64fc(src, dst, len); }
 
-// Arrays may lie at any address.
-template <class T>
-ORV_INLINE T part_at(const T* p)
-{
-    return peek<T>(reinterpret_cast<const char*>(p));
-}
 template <class C>
 ORV_INLINE void put_real(C* z, part_of<C> re)
 {
-    poke(reinterpret_cast<char*>(z), C{re, 0});
+    put_element(z, C{re, 0});
 }
 
 /// count elements whose parts begin at src, which may overlap them.
@@ -53,7 +47,8 @@ ORV_INLINE OrvStatus from_pack(const C* src, C* dst, int len)
 {
     if (const OrvStatus bad = check(len, src, dst)) return bad;
     const auto* packed = parts(src);
-    const auto first = part_at(packed), last = part_at(packed + (len - 1)); // in place, the pairs move up over the last
+    const auto first = element_at(packed),
+               last = element_at(packed + (len - 1)); // in place, the pairs move up over the last
     move_elements(packed + 1, dst + 1, paired(len));
     mirror(dst, len);
     put_real(dst, first);
@@ -68,7 +63,7 @@ ORV_INLINE OrvStatus from_perm(const C* src, C* dst, int len)
     if (const OrvStatus bad = check(len, src, dst)) return bad;
     if (len % 2 != 0) return from_pack(src, dst, len);
     const auto* packed = parts(src);
-    const auto first = part_at(packed), middle = part_at(packed + 1);
+    const auto first = element_at(packed), middle = element_at(packed + 1);
     move_elements(packed + 2, dst + 1, paired(len));
     mirror(dst, len);
     put_real(dst, first);

@@ -17,10 +17,7 @@ ORV_INLINE void reverse_to(const T* s, T* d, std::ptrdiff_t n, Op op)
     const T* const end = s + n;
     const auto read = [=](std::ptrdiff_t i) ORV_INLINE_LAMBDA { return op(reverse<unit>(load(end - i - N))); };
     const auto write = [=](auto put, std::ptrdiff_t i, auto v) ORV_INLINE_LAMBDA { put(d + i, v); };
-    struct Element {
-        T lane[std::size_t(unit)];
-    };
-    const std::ptrdiff_t second = unit * last_aligned<N / unit>(reinterpret_cast<const Element*>(d));
+    const std::ptrdiff_t second = last_aligned<N, unit>(d);
     const std::size_t touched = 2 * std::size_t(n) * sizeof(T);
     if (is_aligned(d + second) && worth_bypassing(touched)) return cover_streaming<N>(second, n, read, write);
     cover<N, 2>(PlainStore{}, second, n, read, write);

@@ -7,32 +7,11 @@
 
 #include <cstddef>
 
+#include "frame/alignment.h"
 #include "frame/caches.h"
 #include "simd/vec.h"
 
 namespace ORV_VARIANT {
-
-/// Does an element of d begin at a multiple of 32 bytes? unit is the number of elements that belong together: 2 for
-/// complex values.
-template <int unit, class T>
-ORV_INLINE bool can_align(const T* d)
-{
-    return sizeof(T) == 3 || reinterpret_cast<std::size_t>(d) % (sizeof(T) * unit) == 0;
-}
-
-/// How many elements from d to the next multiple of 32 bytes, at least 1; N where no element begins there.
-template <int unit, class T>
-ORV_INLINE std::ptrdiff_t elements_to_aligned(const T* d)
-{
-    if (!can_align<unit>(d)) return vec<T>::N;
-    const std::size_t bytes = 32 - reinterpret_cast<std::size_t>(d) % 32;
-    if constexpr (sizeof(T) == 3) {
-        const std::size_t elements = bytes * 11 % 32; // 3 * 11 = 1 modulo 32
-        return elements != 0 ? std::ptrdiff_t(elements) : 32;
-    } else {
-        return std::ptrdiff_t(bytes / sizeof(T));
-    }
-}
 
 /// map for n > 2N. The ends overlap their neighbours, so whatever an early store could change is read first.
 template <int unit, class Op, class D, class... S>
@@ -41,7 +20,7 @@ ORV_INLINE void map_vectors(Op op, D* d, std::ptrdiff_t n, const S*... s)
     constexpr std::ptrdiff_t N = vec<D>::N;
     const auto at = [&](std::ptrdiff_t i) ORV_INLINE_LAMBDA { return op(load<S, N>(s + i)...); };
 
-    std::ptrdiff_t i = elements_to_aligned<unit>(d);
+    std::ptrdiff_t i = last_aligned<N, unit>(d);
     const auto last = at(n - N);
     const auto first = at(0);
     const auto second = at(i);
@@ -62,11 +41,11 @@ template <int unit, class Op, class D, class... S>
     constexpr std::ptrdiff_t N = vec<D>::N;
     const auto at = [&](std::ptrdiff_t i) ORV_INLINE_LAMBDA { return op(load<S, N>(s + i)...); };
 
+    std::ptrdiff_t i = last_aligned<N, unit>(d);
     const bool in_place = (... || (static_cast<const void*>(s) == d));
     const bool bypass =
-        !in_place && can_align<unit>(d) && worth_bypassing(std::size_t(n) * (sizeof(D) + ... + sizeof(S)));
+        !in_place && is_aligned(d + i) && worth_bypassing(std::size_t(n) * (sizeof(D) + ... + sizeof(S)));
 
-    std::ptrdiff_t i = elements_to_aligned<unit>(d);
     const auto last = at(n - N);
     const auto second = at(i);
     store(d, at(0));
@@ -81,6 +60,7 @@ template <int unit, class Op, class D, class... S>
     store(d + n - N, last);
 }
 
+/// unit is the number of lanes that belong together: 2 for complex values.
 template <int unit = 1, class Op, class D, class... S>
 ORV_INLINE void map(Op op, D* d, int n, const S*... s)
 {

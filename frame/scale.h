@@ -98,9 +98,8 @@ struct rounding<Orv16s> {
 };
 
 /// The quotient is rounded up where this carries out of the fraction; adding to the fraction alone cannot overflow.
-///   to nearest: the fraction is more than one half, or is one half and the tie goes up: to an even quotient, or, in
-///   the
-///               financial mode, away from zero;
+///   to nearest: the fraction is more than one half, or one half and the tie goes up: to an even quotient, or, in the
+///       financial mode, away from zero;
 ///   toward zero: the value is negative and there is a fraction at all.
 template <OrvRoundMode mode = orvRndNear, class T>
 ORV_INLINE vec<T> round_shift(half_odd<T> x, const lane_rounding<T>& c)

@@ -11,6 +11,7 @@
 #include <limits>
 
 #include "simd/float.h"
+#include "simd/lanes.h"
 #include "simd/packed24.h"
 #include "simd/saturate.h"
 
@@ -95,9 +96,8 @@ ORV_INLINE vec<D, N> saturate_to(vec<S, N> v)
     } else if constexpr (is_same_v<D, Orv32s>) {
         // The lower halves are the values where the upper halves repeat their sign.
         static_assert(is_same_v<S, Orv64s> && N == 8);
-        const __m256 a = _mm256_castsi256_ps(v.low.r), b = _mm256_castsi256_ps(v.high.r);
-        const vec<Orv32s> lower{_mm256_castps_si256(_mm256_shuffle_ps(a, b, 0x88))};
-        const vec<Orv32s> upper{_mm256_castps_si256(_mm256_shuffle_ps(a, b, 0xdd))};
+        const auto lower = even_lanes(as<Orv32s>(v.low), as<Orv32s>(v.high));
+        const auto upper = odd_lanes(as<Orv32s>(v.low), as<Orv32s>(v.high));
         const auto value = blend(is_equal(upper, sign_mask(lower)), lower, limit_by_sign(upper));
         return {_mm256_permute4x64_epi64(value.r, in_order)};
     } else if constexpr (is_same_v<D, Orv16s> || is_same_v<D, Orv16u>) {
@@ -139,14 +139,14 @@ ORV_INLINE vec<Orv64s> reaches(vec<Orv64f> v, Orv64f limit)
     return {_mm256_castpd_si256(_mm256_cmp_pd(v.r, _mm256_set1_pd(limit), _CMP_GE_OQ))};
 }
 
-// To nearest (in the processor's state) or by truncation. Values that the type does not hold and not-a-numbers give the
-// lowest value, the processor's indefinite integer.
-template <bool nearest>
+// By the processor's state, which is to nearest as a rule, or by truncation. Values that the type does not hold and
+// not-a-numbers give the lowest value, the processor's indefinite integer.
+template <bool nearest = true>
 ORV_INLINE vec<Orv32s> to_32s(vec<Orv32f> v)
 {
     return {nearest ? _mm256_cvtps_epi32(v.r) : _mm256_cvttps_epi32(v.r)};
 }
-template <bool nearest>
+template <bool nearest = true>
 ORV_INLINE vec<Orv32s, 4> to_32s(vec<Orv64f> v)
 {
     return {nearest ? _mm256_cvtpd_epi32(v.r) : _mm256_cvttpd_epi32(v.r)};

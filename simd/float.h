@@ -1,4 +1,4 @@
-// Floating-point lanes: limits, signs, rounding, and the way to integers and back.
+// Floating-point lanes: limits, signs, rounding to integral values, reciprocals.
 #ifndef ORV_SIMD_FLOAT_H
 #define ORV_SIMD_FLOAT_H
 
@@ -58,25 +58,7 @@ ORV_INLINE vec<Orv64f> to_nearest(vec<Orv64f> v) { return {_mm256_round_pd(v.r, 
 ORV_INLINE vec<Orv32f> toward_zero(vec<Orv32f> v) { return {_mm256_round_ps(v.r, _MM_FROUND_TO_ZERO | 8)}; }
 ORV_INLINE vec<Orv64f> toward_zero(vec<Orv64f> v) { return {_mm256_round_pd(v.r, _MM_FROUND_TO_ZERO | 8)}; }
 
-// ---- Conversions by the rounding state; what no integer holds becomes the lowest one
-
-ORV_INLINE vec<Orv32s> to_int(vec<Orv32f> v) { return {_mm256_cvtps_epi32(v.r)}; }
-ORV_INLINE vec<Orv32s> to_int(vec<Orv64f, 8> v)
-{
-    return {_mm256_set_m128i(_mm256_cvtpd_epi32(v.high.r), _mm256_cvtpd_epi32(v.low.r))};
-}
-ORV_INLINE vec<Orv64f, 8> to_double(vec<Orv32f> v)
-{
-    return {{_mm256_cvtps_pd(_mm256_castps256_ps128(v.r))}, {_mm256_cvtps_pd(_mm256_extractf128_ps(v.r, 1))}};
-}
-ORV_INLINE vec<Orv32f> to_float(vec<Orv64f, 8> v)
-{
-    return {_mm256_set_m128(_mm256_cvtpd_ps(v.high.r), _mm256_cvtpd_ps(v.low.r))};
-}
-ORV_INLINE vec<Orv64f, 8> to_double(vec<Orv32s> v)
-{
-    return {{_mm256_cvtepi32_pd(_mm256_castsi256_si128(v.r))}, {_mm256_cvtepi32_pd(_mm256_extracti128_si256(v.r, 1))}};
-}
+// ---- Numbers that kernels begin with
 
 /// 2^-scale by arithmetic on the exponent, which wraps where the type has no such power.
 template <class T>

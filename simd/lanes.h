@@ -146,6 +146,28 @@ ORV_INLINE vec<T> unpack_high(vec<T> a, vec<T> b)
     return {reinterpret_cast<typename vec<T>::reg>(unpacked)};
 }
 
+/// The lanes of even (odd) place of a, then those of b, within each half of the registers.
+template <class T>
+ORV_INLINE vec<T> even_lanes(vec<T> a, vec<T> b)
+{
+    if constexpr (sizeof(T) == 8) {
+        return unpack_low(a, b);
+    } else {
+        static_assert(sizeof(T) == 4);
+        return as<T>(vec<Orv32f>{_mm256_shuffle_ps(as<Orv32f>(a).r, as<Orv32f>(b).r, 0x88)});
+    }
+}
+template <class T>
+ORV_INLINE vec<T> odd_lanes(vec<T> a, vec<T> b)
+{
+    if constexpr (sizeof(T) == 8) {
+        return unpack_high(a, b);
+    } else {
+        static_assert(sizeof(T) == 4);
+        return as<T>(vec<Orv32f>{_mm256_shuffle_ps(as<Orv32f>(a).r, as<Orv32f>(b).r, 0xdd)});
+    }
+}
+
 /// a0 b0 a1 b1 ...
 template <class T>
 ORV_INLINE two<T> interleave(vec<T> a, vec<T> b)
@@ -164,12 +186,8 @@ ORV_INLINE two<T> load_deinterleaved(const T* p)
         const auto even = _mm256_packus_epi32((a & splat_pair(T(-1), T(0))).r, (b & splat_pair(T(-1), T(0))).r);
         const auto odd = _mm256_packus_epi32(_mm256_srli_epi32(a.r, 16), _mm256_srli_epi32(b.r, 16));
         return {cross_quarters(vec<T>{even}), cross_quarters(vec<T>{odd})};
-    } else if constexpr (sizeof(T) == 4) {
-        const auto c = as<Orv32f>(a).r, d = as<Orv32f>(b).r;
-        const vec<Orv32f> even = {_mm256_shuffle_ps(c, d, 0x88)}, odd = {_mm256_shuffle_ps(c, d, 0xdd)};
-        return {cross_quarters(as<T>(even)), cross_quarters(as<T>(odd))};
     } else {
-        return {cross_quarters(unpack_low(a, b)), cross_quarters(unpack_high(a, b))};
+        return {cross_quarters(even_lanes(a, b)), cross_quarters(odd_lanes(a, b))};
     }
 }
 
@@ -262,9 +280,8 @@ ORV_INLINE void interleave_pair(vec<Orv32s>& a, vec<Orv32s>& b)
 ORV_INLINE void deinterleave_pair(vec<Orv32s>& a, vec<Orv32s>& b)
 {
     exchange_halves(a, b);
-    const auto x = as<Orv32f>(a).r, y = as<Orv32f>(b).r;
-    a = as<Orv32s>(vec<Orv32f>{_mm256_shuffle_ps(x, y, 0x88)});
-    b = as<Orv32s>(vec<Orv32f>{_mm256_shuffle_ps(x, y, 0xdd)});
+    const auto x = a, y = b;
+    a = even_lanes(x, y), b = odd_lanes(x, y);
 }
 ORV_INLINE void swap(vec<Orv32s>& a, vec<Orv32s>& b)
 {

@@ -3,7 +3,7 @@
 #ifndef ORV_SIMD_PLANAR_H
 #define ORV_SIMD_PLANAR_H
 
-#include "simd/vec.h"
+#include "simd/lanes.h"
 
 namespace ORV_VARIANT {
 
@@ -32,25 +32,15 @@ requires(lanes == register_lanes<T>) struct vec<Planar<T>, lanes> {
 
 // ---- Between pairs and parts
 
-ORV_INLINE vec<Planar32> take_apart(vec<Orv32f> first, vec<Orv32f> second)
+template <class T>
+ORV_INLINE vec<Planar<T>> take_apart(vec<T> first, vec<T> second)
 {
-    return {{_mm256_shuffle_ps(first.r, second.r, 0x88)}, {_mm256_shuffle_ps(first.r, second.r, 0xdd)}};
-}
-ORV_INLINE vec<Planar64> take_apart(vec<Orv64f> first, vec<Orv64f> second)
-{
-    return {{_mm256_unpacklo_pd(first.r, second.r)}, {_mm256_unpackhi_pd(first.r, second.r)}};
+    return {even_lanes(first, second), odd_lanes(first, second)};
 }
 template <class T>
-struct pair_registers {
-    vec<T> first, second;
-};
-ORV_INLINE pair_registers<Orv32f> put_together(vec<Planar32> z)
+ORV_INLINE two<T> put_together(vec<Planar<T>> z)
 {
-    return {{_mm256_unpacklo_ps(z.re.r, z.im.r)}, {_mm256_unpackhi_ps(z.re.r, z.im.r)}};
-}
-ORV_INLINE pair_registers<Orv64f> put_together(vec<Planar64> z)
-{
-    return {{_mm256_unpacklo_pd(z.re.r, z.im.r)}, {_mm256_unpackhi_pd(z.re.r, z.im.r)}};
+    return {unpack_low(z.re, z.im), unpack_high(z.re, z.im)};
 }
 
 // ---- Loads and stores

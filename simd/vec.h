@@ -227,6 +227,17 @@ ORV_INLINE void poke(char* p, Word w)
 {
     __builtin_memcpy(p, &w, sizeof w);
 }
+/// An element of an array at any alignment.
+template <class T>
+ORV_INLINE T element_at(const T* p)
+{
+    return peek<T>(reinterpret_cast<const char*>(p));
+}
+template <class T>
+ORV_INLINE void put_element(T* p, std::type_identity_t<T> x)
+{
+    poke(reinterpret_cast<char*>(p), x);
+}
 
 /// The n elements at p, 0 < n < N, and nothing around them. Their order in the lanes serves element-wise work only, and
 /// store_n undoes it: the largest power of two of elements that fits is taken twice, from the front and from the back,
@@ -437,15 +448,6 @@ ORV_INLINE vec<Orv32f> fma_subtract_add(vec<Orv32f> a, vec<Orv32f> b, vec<Orv32f
 ORV_INLINE vec<Orv64f> fma_subtract_add(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f> c)
 {
     return {_mm256_fmaddsub_pd(a.r, b.r, c.r)};
-}
-/// re = a.re * b.re + c.re, im = a.im * b.im - c.im, each rounded once.
-ORV_INLINE vec<Orv32f> fma_add_subtract(vec<Orv32f> a, vec<Orv32f> b, vec<Orv32f> c)
-{
-    return {_mm256_fmsubadd_ps(a.r, b.r, c.r)};
-}
-ORV_INLINE vec<Orv64f> fma_add_subtract(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f> c)
-{
-    return {_mm256_fmsubadd_pd(a.r, b.r, c.r)};
 }
 /// Each of four lanes as a pair.
 template <class T>

@@ -5,11 +5,10 @@
 #include "orvs/arith.h"
 #include "orvs/core.h"
 
-#include <complex>
-
 namespace {
 
-using bench::add_peer, bench::call, bench::eigen_array, bench::Kind, bench::Peer, bench::Row, bench::volk;
+using bench::add_peer, bench::call, bench::eigen_array, bench::Kind, bench::Peer, bench::Row, bench::standard,
+    bench::volk;
 
 Kind arith(const char* name) { return {"arith", name}; }
 
@@ -59,14 +58,6 @@ const bench::Rows div_real{[] {
     division<Orv16s>(arith("div_round16s"), call<orvsDiv_Round_16s_Sfs, orvRndFinancial, 0>,
                      loop_div_scaled<0, orvRndFinancial>);
 }};
-
-/// A complex array as Eigen's and VOLK's complex numbers.
-template <class T>
-auto standard(T* z)
-{
-    using Complex = std::complex<float>;
-    return reinterpret_cast<std::conditional_t<std::is_const_v<T>, const Complex, Complex>*>(z);
-}
 
 constexpr Peer eigen_div_complex{"eigen", [](auto src1, auto src2, auto dst, int n) {
                                      eigen_div.call(standard(src1), standard(src2), standard(dst), n);

@@ -1,13 +1,11 @@
 // Mul and MulC. A kind is named by stem, element type and, for scaled forms, scale factor.
-#include <complex>
-
 #include "bench/arith/mul_loops.h"
 #include "bench/support/shapes.h"
 #include "orvs/arith.h"
 
 namespace {
 
-using bench::call, bench::eigen_array, bench::Peer, bench::volk;
+using bench::call, bench::eigen_array, bench::Peer, bench::standard, bench::volk;
 
 bench::Kind arith(const char* name) { return {"arith", name}; }
 /// Half the elements, as many bytes.
@@ -19,19 +17,6 @@ template <class C>
 C* complex_array(bench::Row& row, int n)
 {
     return reinterpret_cast<C*>(row.array<decltype(C::re)>(2 * n));
-}
-
-/// The same elements for libraries that have the complex numbers of the standard.
-template <class C>
-auto standard(C* p)
-{
-    using Element = std::complex<decltype(C::re)>;
-    return reinterpret_cast<std::conditional_t<std::is_const_v<C>, const Element, Element>*>(p);
-}
-template <class C>
-auto standard(C z) requires std::is_class_v<C>
-{
-    return std::complex{z.re, z.im};
 }
 
 /// dst = f(src1, src2): f(src1, src2, dst, n).

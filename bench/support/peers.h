@@ -10,6 +10,7 @@
 #include <volk/volk.h>
 #endif
 
+#include <complex>
 #include <cstddef>
 #include <type_traits>
 
@@ -48,6 +49,19 @@ constexpr auto openblas([[maybe_unused]] F f)
 #else
     return nullptr;
 #endif
+}
+
+/// Complex elements for libraries that have the complex numbers of the standard.
+template <class C>
+auto standard(C* p)
+{
+    using Element = std::complex<decltype(C::re)>;
+    return reinterpret_cast<std::conditional_t<std::is_const_v<C>, const Element, Element>*>(p);
+}
+template <class C>
+auto standard(C z) requires std::is_class_v<C>
+{
+    return std::complex{z.re, z.im};
 }
 
 /// Eigen's view of a plain array.

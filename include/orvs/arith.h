@@ -7,8 +7,8 @@
  * The law of scale factors. A form with Sfs computes the exact result x of its operation and delivers x * 2^-scale,
  * rounded to nearest with ties to even, and saturated to the destination's type last; so scale > 0 divides and
  * scale < 0 multiplies. Every scale is accepted. Integer forms without Sfs saturate likewise, as with scale 0. Complex
- * integers saturate part by part. Integer results do not depend on the caller's floating-point state; floating forms
- * follow IEEE 754 in it.
+ * integers saturate part by part. Integer results of integers do not depend on the caller's floating-point state;
+ * floating forms follow IEEE 754 in it.
  *
  * Common to the whole header: arrays have any alignment; a source and the destination coincide exactly or do not
  * overlap; forms with I write over their last source, srcDst. Every function checks before it writes, has no state,

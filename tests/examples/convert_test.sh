@@ -3,12 +3,11 @@
 #
 #   convert_test.sh CONVERT PYTHON FOLDER      the program, the interpreter of the oracle, an empty place to write to
 set -uo pipefail
-convert=$1 python=$2 folder=$3
+program=$1 python=$2 folder=$3
 oracle=$(realpath "$(dirname "$0")")/convert_oracle.py
 formats=(s16 s24 float alaw mulaw)
-failures=0
-
-fail() { printf 'FAILED: %s\n' "$*"; failures=$((failures + 1)); }
+# shellcheck source=refusals.sh
+. "$(dirname "$0")/refusals.sh"
 
 # converts RECORDING [SAME]: the files written in every format and the reports are the oracle's. SAME is a WAV file of
 # the same samples, for recordings that the oracle does not read.
@@ -17,24 +16,9 @@ converts() {
     printf '%s: ' "$1"
     rm -f ./*.out ./*.report
     for format in "${formats[@]}"; do
-        "$convert" -o "$format.out" -f "$format" "$1" >"$format.report" || { fail "$format: exit code $?"; return; }
+        "$program" -o "$format.out" -f "$format" "$1" >"$format.report" || { fail "$format: exit code $?"; return; }
     done
     "$python" "$oracle" check "${2:-$1}" "${formats[@]}" || fail "wrong result"
-}
-
-# refuses CODE TEXT ARGUMENT...: exit code, one message on standard error that contains TEXT, no report.
-refuses() {
-    local code=$1 text=$2 got
-    shift 2
-    rm -f out.wav
-    "$convert" "$@" >report 2>message
-    got=$?
-    printf 'convert %s: %s\n' "$*" "$(head -n 1 message)"
-    [ "$got" = "$code" ] || fail "exit code $got, expected $code"
-    grep -qF -- "$text" message || fail "the message should contain: $text"
-    [ "$(grep -c '^convert: ' message)" = 1 ] || fail "one message is expected: $(cat message)"
-    [ ! -s report ] || fail "a report was printed"
-    [ ! -e out.wav ] || fail "an output was written"
 }
 
 rm -rf "$folder"
@@ -42,7 +26,7 @@ mkdir -p "$folder/folder" && cd "$folder" || exit 1
 "$python" "$oracle" make . || exit 1
 recording=/usr/share/sounds/alsa/Front_Center.wav
 
-"$convert" >mulaw.report || fail "exit code $? without arguments"
+"$program" >mulaw.report || fail "exit code $? without arguments"
 mv convert.wav mulaw.out
 "$python" "$oracle" check $recording mulaw || fail "wrong result without arguments"
 for name in 8bit 16bit 24bit 32bit float double alaw mulaw stereo16 stereo_alaw surround one one_mulaw three silence; do
@@ -52,7 +36,7 @@ for name in alaw mulaw; do converts $name.au $name.wav; done
 for name in 8bit 16bit 24bit; do
     if [ -e $name.flac ]; then converts $name.flac $name.wav; else echo "skipped: no $name.flac"; fi
 done
-"$convert" --help | grep -q '^Usage: convert ' || fail "no help"
+"$program" --help | grep -q '^Usage: convert ' || fail "no help"
 
 refuses 1 "cannot read 'absent.wav'" -o out.wav absent.wav
 refuses 1 "cannot read 'text.wav'" -o out.wav text.wav

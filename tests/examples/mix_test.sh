@@ -3,33 +3,17 @@
 #
 #   mix_test.sh MIX PYTHON FOLDER      the program, the interpreter of the oracle, an empty place to write to
 set -uo pipefail
-mix=$1 python=$2 folder=$3
+program=$1 python=$2 folder=$3
 oracle=$(realpath "$(dirname "$0")")/mix_oracle.py
-failures=0
-
-fail() { printf 'FAILED: %s\n' "$*"; failures=$((failures + 1)); }
+# shellcheck source=refusals.sh
+. "$(dirname "$0")/refusals.sh"
 
 # mixes FIRST SECOND DB1 DB2: the written file and the report are the oracle's.
 mixes() {
     printf '%s at %s dB + %s at %s dB: ' "$1" "$3" "$2" "$4"
     rm -f out.wav
-    "$mix" -o out.wav --gain1 "$3" --gain2 "$4" "$1" "$2" >report || { fail "exit code $?"; return; }
+    "$program" -o out.wav --gain1 "$3" --gain2 "$4" "$1" "$2" >report || { fail "exit code $?"; return; }
     "$python" "$oracle" check out.wav "$1" "$2" "$3" "$4" <report || fail "wrong result"
-}
-
-# refuses CODE TEXT ARGUMENT...: exit code, one message on standard error that contains TEXT, no report.
-refuses() {
-    local code=$1 text=$2 got
-    shift 2
-    rm -f out.wav
-    "$mix" "$@" >report 2>message
-    got=$?
-    printf 'mix %s: %s\n' "$*" "$(head -n 1 message)"
-    [ "$got" = "$code" ] || fail "exit code $got, expected $code"
-    grep -qF -- "$text" message || fail "the message should contain: $text"
-    [ "$(grep -c '^mix: ' message)" = 1 ] || fail "one message is expected: $(cat message)"
-    [ ! -s report ] || fail "a report was printed"
-    [ ! -e out.wav ] || fail "an output was written"
 }
 
 rm -rf "$folder"
@@ -38,7 +22,7 @@ mkdir -p "$folder/folder" && cd "$folder" || exit 1
 speech=/usr/share/sounds/alsa/Front_Center.wav
 noise=/usr/share/sounds/alsa/Noise.wav
 
-"$mix" >report || fail "exit code $? without arguments"
+"$program" >report || fail "exit code $? without arguments"
 "$python" "$oracle" check mix.wav $speech $noise 0 -12 <report || fail "wrong result without arguments"
 mixes $speech $noise 6 6
 mixes $noise $speech -3.7 -20
@@ -49,7 +33,7 @@ mixes block.wav block.wav 1 2
 mixes one.wav block.wav -1 -1
 mixes one.wav one.wav 5 0
 mixes stereo1.wav stereo2.wav -3 4.5
-"$mix" --help | grep -q '^Usage: mix ' || fail "no help"
+"$program" --help | grep -q '^Usage: mix ' || fail "no help"
 
 refuses 1 "cannot read 'absent.wav'" -o out.wav absent.wav $noise
 refuses 1 "cannot read 'absent.wav'" -o out.wav $speech absent.wav
