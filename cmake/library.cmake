@@ -32,7 +32,7 @@ list(TRANSFORM ORV_ENTRIES APPEND .s)
 
 # ---- liborvsh9.so.8.2 or liborvsx9.so.8.2
 
-set(ORV_ROOMS simd vmath frame arith convert stats sort gen transform corr fir iir)
+set(ORV_ROOMS simd frame vmath arith convert stats sort gen transform corr fir iir)
 list(TRANSFORM ORV_ROOMS APPEND /*.cpp OUTPUT_VARIABLE ORV_SOURCE_GLOBS)
 file(GLOB ORV_SOURCES CONFIGURE_DEPENDS ${ORV_SOURCE_GLOBS})
 

@@ -1,0 +1,48 @@
+// Elementary functions over vectors: sine, cosine, exponential, logarithm, arctangent, cube root.
+//
+// A kernel own_orvs_<p><Name>_S9<level> takes the precision p (s single, d double) and one of three levels of accuracy:
+//
+//   HA  high accuracy           at most 0.55 ulp single, 0.52 ulp double
+//   LA  low accuracy            at most 1 ulp
+//   EP  enhanced performance    at most 4 ulp single, half the bits double
+//
+// docs/accuracy.md has the errors measured. All compute dst[i] = f(src[i]) for i in [0, len), any len and alignment, dst
+// equal to src or apart from it. No argument is refused: infinities, not-a-numbers, subnormals and signed zeros give
+// what IEEE 754 recommends, huge arguments are reduced exactly. No result depends on the place of an element or on the
+// caller's floating-point state, which is back afterwards.
+//
+// The result of a kernel is 0, or, where the function is a logarithm, the code of the first element that is no positive
+// number: 2 for a zero, 4 for a negative one; not-a-numbers are not reported.
+#ifndef ORV_VMATH_VMATH_H
+#define ORV_VMATH_VMATH_H
+
+#include "frame/checks.h"
+
+// ---- Levels
+
+ORV_SERVICE(int, own_orvs_sSin_S9HAynn, (const Orv32f* src, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_sSin_S9LAynn, (const Orv32f* src, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_sSin_S9EPnnn, (const Orv32f* src, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_sCos_S9HAynn, (const Orv32f* src, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_sCos_S9LAynn, (const Orv32f* src, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_sCos_S9EPnnn, (const Orv32f* src, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_dSin_S9HAynn, (const Orv64f* src, Orv64f* dst, int len))
+ORV_SERVICE(int, own_orvs_dSin_S9LAynn, (const Orv64f* src, Orv64f* dst, int len))
+ORV_SERVICE(int, own_orvs_dSin_S9EPnnn, (const Orv64f* src, Orv64f* dst, int len))
+ORV_SERVICE(int, own_orvs_dCos_S9HAynn, (const Orv64f* src, Orv64f* dst, int len))
+ORV_SERVICE(int, own_orvs_dCos_S9LAynn, (const Orv64f* src, Orv64f* dst, int len))
+ORV_SERVICE(int, own_orvs_dCos_S9EPnnn, (const Orv64f* src, Orv64f* dst, int len))
+ORV_SERVICE(int, own_orvs_sExp_S9HAynn, (const Orv32f* src, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_sExp_S9LAynn, (const Orv32f* src, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_sExp_S9EPnnn, (const Orv32f* src, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_dExp_S9HAynn, (const Orv64f* src, Orv64f* dst, int len))
+ORV_SERVICE(int, own_orvs_dExp_S9LAynn, (const Orv64f* src, Orv64f* dst, int len))
+ORV_SERVICE(int, own_orvs_dExp_S9EPnnn, (const Orv64f* src, Orv64f* dst, int len))
+ORV_SERVICE(int, own_orvs_sLn_S9HAynn, (const Orv32f* src, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_sLn_S9LAynn, (const Orv32f* src, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_sLn_S9EPnnn, (const Orv32f* src, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_dLn_S9HAynn, (const Orv64f* src, Orv64f* dst, int len))
+ORV_SERVICE(int, own_orvs_dLn_S9LAynn, (const Orv64f* src, Orv64f* dst, int len))
+ORV_SERVICE(int, own_orvs_dLn_S9EPnnn, (const Orv64f* src, Orv64f* dst, int len))
+
+#endif
