@@ -8,11 +8,14 @@
 
 namespace ORV_VARIANT {
 
-/// The state within a scope; the destructor gives the caller's word back, with its flags. The barriers keep loads and
-/// stores, and so all work on arrays, inside.
+/// What a state does with the flags that a kernel raises.
+enum class Flags { restored, left };
+
+/// The state within a scope, by bits of the control word that are cleared and then set; the destructor gives the
+/// caller's word back. The barriers keep loads and stores, and so all work on arrays, inside.
+template <Flags flags = Flags::restored>
 class FloatState {
 public:
-    /// Clears and then sets bits of the control word.
     ORV_INLINE FloatState(Orv32u clear, Orv32u set) : saved_(read())
     {
         const Orv32u wanted = (saved_ & ~clear) | set;
@@ -21,13 +24,14 @@ public:
     }
     ORV_INLINE ~FloatState()
     {
-        if (changed_ || ((read() ^ saved_) & watched) != 0) write(saved_);
+        if (changed_ || (flags == Flags::restored && ((read() ^ saved_) & watched) != 0)) write(saved_);
     }
     FloatState(const FloatState&) = delete;
     FloatState& operator=(const FloatState&) = delete;
 
     static constexpr Orv32u invalid_flag = 0x0001, mask_invalid = 0x0080, mask_all = 0x1f80;
     static constexpr Orv32u rounding = 0x6000, toward_zero = 0x6000;
+    static constexpr Orv32u subnormals_are_zero = 0x8040; // flushed as results, taken for zeros as operands
 
 private:
     static constexpr Orv32u watched = rounding | mask_all | invalid_flag;
@@ -53,23 +57,29 @@ ORV_INLINE T inside_state(T x)
 }
 
 /// Roundings to nearest, ties to even, whatever the caller has set; conversions of values out of range are silent.
-struct NearestState : FloatState {
+struct NearestState : FloatState<> {
     ORV_INLINE NearestState() : FloatState(rounding, mask_invalid) {}
 };
 
 /// For integers that pass through floating point: to nearest, and no exception reaches the caller.
-struct IntegerState : FloatState {
+struct IntegerState : FloatState<> {
     ORV_INLINE IntegerState() : FloatState(rounding, mask_all) {}
 };
 
 /// The caller's rounding; only conversions of values out of range are made silent.
-struct SilentState : FloatState {
+struct SilentState : FloatState<> {
     ORV_INLINE SilentState() : FloatState(0, mask_invalid) {}
 };
 
 /// Every operation rounds toward zero.
-struct TowardZeroState : FloatState {
+struct TowardZeroState : FloatState<> {
     ORV_INLINE TowardZeroState() : FloatState(rounding, toward_zero | mask_invalid) {}
+};
+
+/// All as IEEE 754 begins with: to nearest, subnormals as they are, no exceptions. What it raises may stay in the
+/// flags.
+struct StandardState : FloatState<Flags::left> {
+    ORV_INLINE StandardState() : FloatState(rounding | subnormals_are_zero, mask_all) {}
 };
 
 } // namespace ORV_VARIANT

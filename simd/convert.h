@@ -44,8 +44,8 @@ ORV_INLINE auto convert_to(vec<S, N> v)
     } else if constexpr (N > register_lanes<D>) {
         return join(convert_to<D>(low_half(v)), convert_to<D>(high_half(v)));
     } else if constexpr (is_same_v<D, Orv32f> && is_same_v<S, Orv64f>) {
-        return halves<Orv32f>{{_mm_castps_si128(_mm256_cvtpd_ps(v.low.r))},
-                              {_mm_castps_si128(_mm256_cvtpd_ps(v.high.r))}};
+        if constexpr (N == 4) return vec<D, 4>{_mm_castps_si128(_mm256_cvtpd_ps(v.r))};
+        else return halves<D>{convert_to<D>(v.low), convert_to<D>(v.high)};
     } else if constexpr (is_same_v<D, Orv32f> && from_24) {
         return convert_to<Orv32f>(as<Orv32s>(unpack24(v)));
     } else if constexpr (is_same_v<D, Orv32f>) {

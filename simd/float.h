@@ -37,6 +37,10 @@ ORV_INLINE vec<Orv64f> is_equal(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_c
 ORV_INLINE vec<Orv32f> is_greater(vec<Orv32f> a, vec<Orv32f> b) { return {_mm256_cmp_ps(a.r, b.r, _CMP_GT_OQ)}; }
 ORV_INLINE vec<Orv64f> is_greater(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_cmp_pd(a.r, b.r, _CMP_GT_OQ)}; }
 
+/// Not a <= b: greater, or a not-a-number among them.
+ORV_INLINE vec<Orv32f> is_not_within(vec<Orv32f> a, vec<Orv32f> b) { return {_mm256_cmp_ps(a.r, b.r, _CMP_NLE_UQ)}; }
+ORV_INLINE vec<Orv64f> is_not_within(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_cmp_pd(a.r, b.r, _CMP_NLE_UQ)}; }
+
 /// Whether a mask has any lane.
 ORV_INLINE bool any(vec<Orv32f> mask) { return _mm256_movemask_ps(mask.r) != 0; }
 ORV_INLINE bool any(vec<Orv64f> mask) { return _mm256_movemask_pd(mask.r) != 0; }

@@ -363,6 +363,41 @@ ORV_INLINE vec<Orv8u> shift_right_by(vec<Orv8u> v)
 {
     return vec<Orv8u>{_mm256_srli_epi16(v.r, n)} & splat(Orv8u(0xff >> n));
 }
+template <int n>
+ORV_INLINE vec<Orv32u> shift_right_by(vec<Orv32u> v)
+{
+    return {_mm256_srli_epi32(v.r, n)};
+}
+template <int n>
+ORV_INLINE vec<Orv64u> shift_right_by(vec<Orv64u> v)
+{
+    return {_mm256_srli_epi64(v.r, n)};
+}
+template <int n>
+ORV_INLINE vec<Orv16s> shift_left_by(vec<Orv16s> v)
+{
+    return {_mm256_slli_epi16(v.r, n)};
+}
+template <int n>
+ORV_INLINE vec<Orv32s> shift_left_by(vec<Orv32s> v)
+{
+    return {_mm256_slli_epi32(v.r, n)};
+}
+template <int n>
+ORV_INLINE vec<Orv64s> shift_left_by(vec<Orv64s> v)
+{
+    return {_mm256_slli_epi64(v.r, n)};
+}
+
+/// table[index % 4] of a table that stands in both halves.
+ORV_INLINE vec<Orv32f> one_of_four(vec<Orv32f> table, vec<Orv32s> index)
+{
+    return {_mm256_permutevar_ps(table.r, index.r)};
+}
+ORV_INLINE vec<Orv32f> table_of_four(Orv32f a, Orv32f b, Orv32f c, Orv32f d)
+{
+    return {_mm256_setr_ps(a, b, c, d, a, b, c, d)};
+}
 
 } // namespace ORV_VARIANT
 

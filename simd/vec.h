@@ -193,6 +193,13 @@ ORV_INLINE void store(T* p, vec<T> v)
     _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), reinterpret_cast<__m256i>(v.r));
 }
 
+/// Half a register.
+template <class T>
+ORV_INLINE void store(T* p, vec<T, register_lanes<T> / 2> v)
+{
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v.r);
+}
+
 /// Stores past the caches; p is aligned to 32 bytes, and a store_fence ends the run of such stores.
 template <class T>
 ORV_INLINE void stream(T* p, vec<T> v)
@@ -203,8 +210,8 @@ ORV_INLINE void stream(T* p, vec<T> v)
 template <class T>
 ORV_INLINE void store(T* p, halves<T> v)
 {
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v.low.r);
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(p) + 1, v.high.r);
+    store(p, v.low);
+    store(p + vec<T>::N / 2, v.high);
 }
 template <class T>
 ORV_INLINE void stream(T* p, halves<T> v)
@@ -508,6 +515,16 @@ ORV_INLINE vec<T> blend(vec<T> mask, vec<T> a, vec<T> b)
 {
     return {_mm256_blendv_epi8(b.r, a.r, mask.r)};
 }
+
+/// Whether any bit is set.
+template <class T>
+ORV_INLINE bool any_bit(vec<T> v)
+{
+    return !_mm256_testz_si256(v.r, v.r);
+}
+/// Whether any lane is negative.
+ORV_INLINE bool any_sign(vec<Orv32s> v) { return _mm256_movemask_ps(_mm256_castsi256_ps(v.r)) != 0; }
+ORV_INLINE bool any_sign(vec<Orv64s> v) { return _mm256_movemask_pd(_mm256_castsi256_pd(v.r)) != 0; }
 
 /// sign of mask ? a : b, lane by lane.
 template <class T>

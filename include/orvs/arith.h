@@ -428,6 +428,127 @@ ORVAPI(OrvStatus, orvsDivCRev_32f,   (const Orv32f* src, Orv32f val, Orv32f* dst
 ORVAPI(OrvStatus, orvsDivCRev_32f_I, (Orv32f val, Orv32f* srcDst, int len))
 /** @} */
 
+/* ---- Cubrt                                                                                          arith/cubrt.cpp */
+
+/** @name Cubrt
+ * dst[i] = the cube root of src[i], with its sign.
+ *
+ * 32f: within 1.1 units in the last place; a signed zero, an infinity and a NaN stay what they are. It does not depend on
+ * the caller's floating-point state. 32s16s times 2^-scale, rounded to nearest with ties to even and saturated to 16 bits,
+ * which is right for every input; the factor 2^-scale is formed in a single-precision exponent, so it wraps where that has
+ * no such power (scales from -127 to 126 have it).
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @{ */
+ORVAPI(OrvStatus, orvsCubrt_32f,        (const Orv32f* src, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsCubrt_32s16s_Sfs, (const Orv32s* src, Orv16s* dst, int len, int scale))
+/** @} */
+
+/* ---- Exp                                                                                              arith/exp.cpp */
+
+/** @name Exp
+ * dst[i] = e^src[i]. With Sfs times 2^-scale, rounded to nearest with ties to even and saturated; integer results are right
+ * for every input and scale.
+ *
+ * Floats: 32f within 0.75, 64f and 32f64f (which computes in double precision) within 0.7 units in the last place, also
+ * where results are subnormal. What is too large becomes an infinity, what is too small 0; a NaN stays a NaN. The results
+ * do not depend on the caller's floating-point state.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @note 32s with scale > 31 is filled with zeros, whatever the arguments.
+ * @{ */
+ORVAPI(OrvStatus, orvsExp_16s_Sfs,  (const Orv16s* src, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsExp_16s_ISfs, (Orv16s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsExp_32s_Sfs,  (const Orv32s* src, Orv32s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsExp_32s_ISfs, (Orv32s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsExp_64s_Sfs,  (const Orv64s* src, Orv64s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsExp_64s_ISfs, (Orv64s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsExp_32f,      (const Orv32f* src, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsExp_32f_I,    (Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsExp_64f,      (const Orv64f* src, Orv64f* dst, int len))
+ORVAPI(OrvStatus, orvsExp_64f_I,    (Orv64f* srcDst, int len))
+ORVAPI(OrvStatus, orvsExp_32f64f,   (const Orv32f* src, Orv64f* dst, int len))
+/** @} */
+
+/* ---- Ln                                                                                                arith/ln.cpp */
+
+/** @name Ln
+ * dst[i] = the natural logarithm of src[i]. With Sfs times 2^-scale, rounded to nearest with ties to even and saturated;
+ * integer results are right for every input and scale.
+ *
+ * Floats: 32f within 1.2 units in the last place, 64f within 0.52, 64f32f within 0.51 of the result's type, subnormal
+ * arguments included. An infinity and a NaN stay what they are. The results do not depend on the caller's floating-point
+ * state.
+ *
+ * An element that has no logarithm does not stop the vector. Zero gives minus infinity and a negative number a NaN; both
+ * give the lowest value of an integer type, whatever the scale. The first such element decides the status.
+ * @retval orvErrNullPointer   a pointer is null
+ * @retval orvErrBadLength     len < 1
+ * @retval orvWrnLnOfZero      the first element that is not positive is a zero; the vector is complete
+ * @retval orvWrnLnOfNegative  it is a negative number; the vector is complete
+ * @{ */
+ORVAPI(OrvStatus, orvsLn_16s_Sfs,    (const Orv16s* src, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsLn_16s_ISfs,   (Orv16s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsLn_32s_Sfs,    (const Orv32s* src, Orv32s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsLn_32s_ISfs,   (Orv32s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsLn_32s16s_Sfs, (const Orv32s* src, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsLn_32f,        (const Orv32f* src, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsLn_32f_I,      (Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsLn_64f,        (const Orv64f* src, Orv64f* dst, int len))
+ORVAPI(OrvStatus, orvsLn_64f_I,      (Orv64f* srcDst, int len))
+ORVAPI(OrvStatus, orvsLn_64f32f,     (const Orv64f* src, Orv32f* dst, int len))
+/** @} */
+
+/* ---- 10Log10                                                                                           arith/ln.cpp */
+
+/** @name 10Log10
+ * dst[i] = 10 * log10(src[i]) * 2^-scale: decibels of a power, rounded to nearest with ties to even and saturated; right
+ * for every input and scale. Elements that are not positive are treated as by Ln.
+ * @retval orvErrNullPointer   a pointer is null
+ * @retval orvErrBadLength     len < 1
+ * @retval orvWrnLnOfZero      the first element that is not positive is a zero; the vector is complete
+ * @retval orvWrnLnOfNegative  it is a negative number; the vector is complete
+ * @{ */
+ORVAPI(OrvStatus, orvs10Log10_32s_Sfs,  (const Orv32s* src, Orv32s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvs10Log10_32s_ISfs, (Orv32s* srcDst, int len, int scale))
+/** @} */
+
+/* ---- SumLn                                                                                             arith/ln.cpp */
+
+/** @name SumLn
+ * *sum = the sum of ln(src[i]). The logarithms are those of Ln in the type of the source (of 32f for 16s, of 64f for
+ * 32f64f); they are added in double precision in an order that depends on len alone, so that equal vectors have equal
+ * sums.
+ *
+ * The work is done in blocks of 512 elements. It ends with the first block that has an element without a logarithm: a zero
+ * makes the sum plus infinity (a choice: the limit would be minus infinity), a
+ * negative number makes it a NaN; the first of both in the block decides. A block with a NaN ends the work too, and the
+ * sum is a NaN whose sign bit is set, without a warning.
+ * @retval orvErrNullPointer   a pointer is null
+ * @retval orvErrBadLength     len < 1
+ * @retval orvWrnLnOfZero      an element is zero
+ * @retval orvWrnLnOfNegative  an element is negative
+ * @{ */
+ORVAPI(OrvStatus, orvsSumLn_16s32f, (const Orv16s* src, int len, Orv32f* sum))
+ORVAPI(OrvStatus, orvsSumLn_32f,    (const Orv32f* src, int len, Orv32f* sum))
+ORVAPI(OrvStatus, orvsSumLn_64f,    (const Orv64f* src, int len, Orv64f* sum))
+ORVAPI(OrvStatus, orvsSumLn_32f64f, (const Orv32f* src, int len, Orv64f* sum))
+/** @} */
+
+/* ---- Arctan                                                                                        arith/arctan.cpp */
+
+/** @name Arctan
+ * dst[i] = arctan(src[i]), from -pi/2 to pi/2. 32f within 1.7 units in the last place, 64f within 0.8. A signed zero and a
+ * NaN stay what they are, infinities give +-pi/2. The results do not depend on the caller's floating-point state.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @{ */
+ORVAPI(OrvStatus, orvsArctan_32f,   (const Orv32f* src, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsArctan_32f_I, (Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsArctan_64f,   (const Orv64f* src, Orv64f* dst, int len))
+ORVAPI(OrvStatus, orvsArctan_64f_I, (Orv64f* srcDst, int len))
+/** @} */
+
 /* ---- And                                                                                         arith/logic.cpp */
 
 /** @name And

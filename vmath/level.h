@@ -1,0 +1,35 @@
+// The levels of accuracy, and single precision by way of double.
+#ifndef ORV_VMATH_LEVEL_H
+#define ORV_VMATH_LEVEL_H
+
+#include "simd/convert.h"
+#include "simd/float.h"
+
+namespace ORV_VARIANT {
+
+enum class Level { LA, HA, EP };
+
+/// A shift of the exponent: whole numbers n of up to half the mantissa, added to magic, stand in its last bits.
+template <class T>
+inline constexpr T magic = sizeof(T) == 4 ? T(0x1.8p23) : T(0x1.8p52);
+
+/// The signed integers as wide as T.
+template <class T>
+using word_of = std::conditional_t<sizeof(T) == 4, Orv32s, Orv64s>;
+
+/// f of each half in double precision, rounded to single once.
+template <class F>
+ORV_INLINE vec<Orv32f> by_doubles(F f, vec<Orv32f> x)
+{
+    const auto wide = convert_to<Orv64f>(x);
+    const auto y = convert_to<Orv32f>(join(f(wide.low), f(wide.high)));
+    return join(y.low, y.high);
+}
+
+/// The first lane.
+ORV_INLINE Orv32f first(vec<Orv32f> v) { return v.r[0]; }
+ORV_INLINE Orv64f first(vec<Orv64f> v) { return v.r[0]; }
+
+} // namespace ORV_VARIANT
+
+#endif
