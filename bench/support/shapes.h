@@ -24,6 +24,13 @@ struct Kind {
 template <auto f, auto... last>
 inline constexpr auto call = [](auto... arguments) { return f(arguments..., last...); };
 
+/// A kernel of the library's own, whose result is no status.
+template <auto f>
+inline constexpr auto call_kernel = [](auto... arguments) {
+    f(arguments...);
+    return orvOk;
+};
+
 template <class F, class... Arguments>
 void add_peer(Row& row, const Peer<F>& peer, Arguments... arguments)
 {
