@@ -7,7 +7,7 @@
 
 #include <utility>
 
-#include "convert/blocks.h"
+#include "frame/blocks.h"
 #include "convert/full_scale.h"
 #include "frame/checks.h"
 #include "frame/float_state.h"

@@ -5,7 +5,7 @@
 // code. To encode: a code is a small floating-point number, and the processor makes floating-point numbers.
 #include "orvs/convert.h"
 
-#include "convert/blocks.h"
+#include "frame/blocks.h"
 #include "convert/full_scale.h"
 #include "convert/g711.h"
 #include "frame/checks.h"

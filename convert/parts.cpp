@@ -1,7 +1,7 @@
 // Real and imaginary parts: out of complex vectors, and together into them.
 #include "orvs/convert.h"
 
-#include "convert/blocks.h"
+#include "frame/blocks.h"
 #include "frame/checks.h"
 #include "frame/complex.h"
 #include "simd/lanes.h"

@@ -2,7 +2,7 @@
 #ifndef ORV_CONVERT_REVERSAL_H
 #define ORV_CONVERT_REVERSAL_H
 
-#include "convert/blocks.h"
+#include "frame/blocks.h"
 #include "simd/lanes.h"
 
 namespace ORV_VARIANT {

@@ -1,7 +1,7 @@
 // The bytes of each element in reverse order.
 #include "orvs/convert.h"
 
-#include "convert/blocks.h"
+#include "frame/blocks.h"
 #include "frame/checks.h"
 #include "frame/map.h"
 #include "simd/lanes.h"

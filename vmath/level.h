@@ -17,6 +17,13 @@ inline constexpr T magic = sizeof(T) == 4 ? T(0x1.8p23) : T(0x1.8p52);
 template <class T>
 using word_of = std::conditional_t<sizeof(T) == 4, Orv32s, Orv64s>;
 
+/// pi / 2 in three parts.
+template <class T>
+inline constexpr T half_pi_parts[] = {0x1.921fb6p+0f, -0x1.777a5cp-25f, -0x1.ee59dap-50f};
+template <>
+inline constexpr Orv64f half_pi_parts<Orv64f>[] = {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54,
+                                                   -0x1.f1976b7ed8fbcp-110};
+
 /// f of each half in double precision, rounded to single once.
 template <class F>
 ORV_INLINE vec<Orv32f> by_doubles(F f, vec<Orv32f> x)

@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "frame/blocks.h"
 #include "vmath/over_array.h"
 #include "vmath/vmath.h"
 
@@ -111,6 +112,29 @@ int vscos_cout_rare(Orv32f x, Orv32f* y)
 
 namespace {
 
+template <class T>
+void finish(const T* x, const word_of<T>* marks, T* sine, T* cosine)
+{
+    for (int i = 0; i < vec<T>::N; ++i) {
+        if (marks[i] >= 0) continue;
+        sine[i] = T(of_large<Wave::sine>(Orv64f(x[i])));
+        cosine[i] = T(of_large<Wave::cosine>(Orv64f(x[i])));
+    }
+}
+
+} // namespace
+
+void ORV_VARIANT::finish_sin_cos(const Orv32f* x, const Orv32s* marks, Orv32f* sine, Orv32f* cosine)
+{
+    finish(x, marks, sine, cosine);
+}
+void ORV_VARIANT::finish_sin_cos(const Orv64f* x, const Orv64s* marks, Orv64f* sine, Orv64f* cosine)
+{
+    finish(x, marks, sine, cosine);
+}
+
+namespace {
+
 template <Wave wave, Level level>
 ORV_INLINE int over_array(const Orv32f* src, Orv32f* dst, int len)
 {
@@ -165,4 +189,38 @@ int own_orvs_dCos_S9LAynn(const Orv64f* src, Orv64f* dst, int len)
 int own_orvs_dCos_S9EPnnn(const Orv64f* src, Orv64f* dst, int len)
 {
     return over_array<Wave::cosine, Level::EP>(src, dst, len);
+}
+
+namespace {
+
+template <class T>
+struct Both {
+    static constexpr int N = vec<T>::N;
+
+    ORV_INLINE SinCos<T> read(const T* x) const { return sin_and_cos(load(x)); }
+    template <class Put>
+    ORV_INLINE void write(Put put, SinCos<T> both, T* sine, T* cosine) const
+    {
+        put(sine, both.sine);
+        put(cosine, both.cosine);
+    }
+};
+
+template <class T>
+ORV_INLINE int both_over_array(const T* src, T* sine, T* cosine, int len)
+{
+    const StandardState state;
+    map_blocks(Both<T>(), len, arrays(src), arrays(sine, cosine));
+    return 0;
+}
+
+} // namespace
+
+int own_orvs_sSinCos_S9LAynn(const Orv32f* src, Orv32f* sine, Orv32f* cosine, int len)
+{
+    return both_over_array(src, sine, cosine, len);
+}
+int own_orvs_dSinCos_S9LAynn(const Orv64f* src, Orv64f* sine, Orv64f* cosine, int len)
+{
+    return both_over_array(src, sine, cosine, len);
 }

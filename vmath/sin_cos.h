@@ -30,13 +30,6 @@ struct SinCos {
     vec<T> sine, cosine;
 };
 
-/// pi / 2 in three parts.
-template <class T>
-inline constexpr T half_pi_parts[] = {0x1.921fb6p+0f, -0x1.777a5cp-25f, -0x1.ee59dap-50f};
-template <>
-inline constexpr Orv64f half_pi_parts<Orv64f>[] = {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54,
-                                                   -0x1.f1976b7ed8fbcp-110};
-
 /// x - n * pi / 2 as r + rest, with n in the last bits of quarters. In single precision there is no rest.
 template <class T>
 struct Reduced {
@@ -44,7 +37,10 @@ struct Reduced {
     vec<word_of<T>> quarters;
 };
 
-/// size up to 2^17 or 2^28.
+/// The largest size for which reduce is right.
+template <class T>
+inline constexpr T largest_reduced = sizeof(T) == 4 ? T(0x1p17) : T(0x1p28);
+
 template <class T>
 ORV_INLINE Reduced<T> reduce(vec<T> size)
 {
@@ -160,7 +156,7 @@ struct SinOrCos64 {
     }
     ORV_INLINE static vec<Orv64s> off_path(vec<Orv64f> x)
     {
-        return as<Orv64s>(is_not_within(magnitude(x), splat(0x1p28)));
+        return as<Orv64s>(is_not_within(magnitude(x), splat(largest_reduced<Orv64f>)));
     }
     static int companion(Orv64f x, Orv64f* y)
     {
@@ -180,13 +176,38 @@ struct SinOrCos32 {
     }
     ORV_INLINE static vec<Orv32s> off_path(vec<Orv32f> x)
     {
-        return as<Orv32s>(is_not_within(magnitude(x), splat(0x1p17f)));
+        return as<Orv32s>(is_not_within(magnitude(x), splat(largest_reduced<Orv32f>)));
     }
     static int companion(Orv32f x, Orv32f* y)
     {
         return wave == Wave::sine ? vssin_cout_rare(x, y) : vscos_cout_rare(x, y);
     }
 };
+
+/// Both for the lanes of a vector with a mark: large arguments, infinities, not-a-numbers.
+void finish_sin_cos(const Orv32f* x, const Orv32s* marks, Orv32f* sine, Orv32f* cosine);
+void finish_sin_cos(const Orv64f* x, const Orv64s* marks, Orv64f* sine, Orv64f* cosine);
+
+/// Both functions of all x: at most 1.6 ulp single, 0.8 ulp double.
+template <class T>
+ORV_INLINE SinCos<T> sin_and_cos(vec<T> x)
+{
+    const auto size = magnitude(x);
+    const auto reduced = reduce(size);
+    const auto both = sin_cos_of<Level::LA>(reduced.r, reduced.rest);
+    SinCos<T> result = {of_quarter<Wave::sine>(both, reduced.quarters) ^ sign_bit(x),
+                        of_quarter<Wave::cosine>(both, reduced.quarters)};
+    const auto off = as<word_of<T>>(is_not_within(size, splat(largest_reduced<T>)));
+    if (any_sign(off)) [[unlikely]] {
+        constexpr int N = vec<T>::N;
+        T xs[N], sines[N], cosines[N];
+        word_of<T> marks[N];
+        store(xs, x), store(marks, off), store(sines, result.sine), store(cosines, result.cosine);
+        finish_sin_cos(xs, marks, sines, cosines);
+        result = {load(sines), load(cosines)};
+    }
+    return result;
+}
 
 } // namespace ORV_VARIANT
 

@@ -51,6 +51,12 @@ ORV_SERVICE(int, own_orvs_sAtan_S9LAynn, (const Orv32f* src, Orv32f* dst, int le
 ORV_SERVICE(int, own_orvs_dAtan_S9LAynn, (const Orv64f* src, Orv64f* dst, int len))
 ORV_SERVICE(int, own_orvs_sCbrt_S9LAynn, (const Orv32f* src, Orv32f* dst, int len))
 
+// dst = the angle of the point (x, y), from -pi to pi; sine and cosine at a time.
+ORV_SERVICE(int, own_orvs_sAtan2_S9LAynn, (const Orv32f* y, const Orv32f* x, Orv32f* dst, int len))
+ORV_SERVICE(int, own_orvs_dAtan2_S9LAynn, (const Orv64f* y, const Orv64f* x, Orv64f* dst, int len))
+ORV_SERVICE(int, own_orvs_sSinCos_S9LAynn, (const Orv32f* src, Orv32f* sine, Orv32f* cosine, int len))
+ORV_SERVICE(int, own_orvs_dSinCos_S9LAynn, (const Orv64f* src, Orv64f* sine, Orv64f* cosine, int len))
+
 // Single precision on one side: of the argument, whose function is computed in double precision, or of the result.
 ORV_SERVICE(int, own_orvs_sdExp_S9LAynn, (const Orv32f* src, Orv64f* dst, int len))
 ORV_SERVICE(int, own_orvs_sdLn_S9LAynn, (const Orv32f* src, Orv64f* dst, int len))

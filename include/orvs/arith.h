@@ -435,8 +435,8 @@ ORVAPI(OrvStatus, orvsDivCRev_32f_I, (Orv32f val, Orv32f* srcDst, int len))
  *
  * 32f: within 1.1 units in the last place; a signed zero, an infinity and a NaN stay what they are. It does not depend on
  * the caller's floating-point state. 32s16s times 2^-scale, rounded to nearest with ties to even and saturated to 16 bits,
- * which is right for every input; the factor 2^-scale is formed in a single-precision exponent, so it wraps where that has
- * no such power (scales from -127 to 126 have it).
+ * which is right for every input; the factor 2^-scale is formed in a single-precision exponent: scales from -127 to
+ * 126 have it, -scale counts modulo 128 below, and above the exponent wraps into the sign.
  * @retval orvErrNullPointer a pointer is null
  * @retval orvErrBadLength   len < 1
  * @{ */
@@ -538,7 +538,7 @@ ORVAPI(OrvStatus, orvsSumLn_32f64f, (const Orv32f* src, int len, Orv64f* sum))
 /* ---- Arctan                                                                                        arith/arctan.cpp */
 
 /** @name Arctan
- * dst[i] = arctan(src[i]), from -pi/2 to pi/2. 32f within 1.7 units in the last place, 64f within 0.8. A signed zero and a
+ * dst[i] = arctan(src[i]), from -pi/2 to pi/2. 32f within 1.7 units in the last place, 64f within 1. A signed zero and a
  * NaN stay what they are, infinities give +-pi/2. The results do not depend on the caller's floating-point state.
  * @retval orvErrNullPointer a pointer is null
  * @retval orvErrBadLength   len < 1

@@ -1,6 +1,6 @@
 // Several values as one, like std::tuple, whose functions need not be inlined: in a loop, that would be a call a step.
-#ifndef ORV_CONVERT_BUNDLE_H
-#define ORV_CONVERT_BUNDLE_H
+#ifndef ORV_FRAME_BUNDLE_H
+#define ORV_FRAME_BUNDLE_H
 
 #include <cstddef>
 #include <utility>

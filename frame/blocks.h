@@ -4,12 +4,12 @@
 // whole result in registers; write puts it to the destinations there. map_blocks covers [0, n) of each array with
 // blocks, touches nothing outside, and needs no element to lie in a certain place of a block: the ends overlap their
 // neighbours, and arrays shorter than a block go through copies on the stack.
-#ifndef ORV_CONVERT_BLOCKS_H
-#define ORV_CONVERT_BLOCKS_H
+#ifndef ORV_FRAME_BLOCKS_H
+#define ORV_FRAME_BLOCKS_H
 
 #include <cstddef>
 
-#include "convert/bundle.h"
+#include "frame/bundle.h"
 #include "frame/alignment.h"
 #include "frame/caches.h"
 #include "simd/vec.h"
