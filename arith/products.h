@@ -46,6 +46,13 @@ struct ComplexProduct {
     operator()(vec<T> a, vec<T> b) const { return fma_subtract_add(even_twice(a), b, odd_twice(a) * swap_pairs(b)); }
 };
 
+/// a * conj(b): re = fma(a.re, b.re, a.im * b.im), im = fma(a.im, b.re, -(a.re * b.im)).
+struct ConjugateProduct {
+    template <class T>
+    requires is_float<T> ORV_INLINE vec<T>
+    operator()(vec<T> a, vec<T> b) const { return fma_add_subtract(even_twice(b), a, odd_twice(b) * swap_pairs(a)); }
+};
+
 /// a * b for real a and complex b, a lane of 64 bits each.
 struct RealByComplexProduct {
     ORV_INLINE auto saturated(vec<Orv32s, 4> a, vec<Orv64s> b) const

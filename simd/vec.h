@@ -456,6 +456,15 @@ ORV_INLINE vec<Orv64f> fma_subtract_add(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f
 {
     return {_mm256_fmaddsub_pd(a.r, b.r, c.r)};
 }
+/// re = a.re * b.re + c.re, im = a.im * b.im - c.im, each rounded once.
+ORV_INLINE vec<Orv32f> fma_add_subtract(vec<Orv32f> a, vec<Orv32f> b, vec<Orv32f> c)
+{
+    return {_mm256_fmsubadd_ps(a.r, b.r, c.r)};
+}
+ORV_INLINE vec<Orv64f> fma_add_subtract(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f> c)
+{
+    return {_mm256_fmsubadd_pd(a.r, b.r, c.r)};
+}
 /// Each of four lanes as a pair.
 template <class T>
 ORV_INLINE vec<T> as_pairs(vec<T, 4> v)

@@ -269,6 +269,40 @@ ORVAPI(OrvStatus, orvsMul_32f32fc,      (const Orv32f* src1, const Orv32fc* src2
 ORVAPI(OrvStatus, orvsMul_32f32fc_I,    (const Orv32f* src, Orv32fc* srcDst, int len))
 /** @} */
 
+/* ---- MulPack, MulPerm, MulPackConj                                                                arith/mulpack.cpp */
+
+/** @name MulPack, MulPerm, MulPackConj
+ * The product of two spectra of real signals in packed formats, value by value; in place srcDst * src. A spectrum of a
+ * signal of len samples is kept in len elements, because its values at negative frequencies are conjugates:
+ *
+ * | format | len even                                   | len odd                        |
+ * |--------|--------------------------------------------|--------------------------------|
+ * | Pack   | R0, R1, I1, R2, I2 ..., R(len/2)           | R0, R1, I1, R2, I2 ...         |
+ * | Perm   | R0, R(len/2), R1, I1, R2, I2 ...           | R0, R1, I1, R2, I2 ...         |
+ *
+ * R0 and R(len/2) are real and give plain products, the others complex ones, with the roundings of orvsMul_32fc and
+ * orvsMul_64fc. MulPackConj multiplies srcDst by the conjugate of src: re = ar * br + ai * bi, im = ai * br - ar * bi for
+ * srcDst = a, src = b, each with one fused step; that is the spectrum of a correlation. With Sfs times 2^-scale, as
+ * orvsMul_16s_Sfs and orvsMul_16sc_Sfs. Where dst is one of the sources, it is the first factor.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @{ */
+ORVAPI(OrvStatus, orvsMulPack_16s_Sfs,   (const Orv16s* src1, const Orv16s* src2, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulPack_16s_ISfs,  (const Orv16s* src, Orv16s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulPack_32f,       (const Orv32f* src1, const Orv32f* src2, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsMulPack_32f_I,     (const Orv32f* src, Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsMulPack_64f,       (const Orv64f* src1, const Orv64f* src2, Orv64f* dst, int len))
+ORVAPI(OrvStatus, orvsMulPack_64f_I,     (const Orv64f* src, Orv64f* srcDst, int len))
+ORVAPI(OrvStatus, orvsMulPerm_16s_Sfs,   (const Orv16s* src1, const Orv16s* src2, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulPerm_16s_ISfs,  (const Orv16s* src, Orv16s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsMulPerm_32f,       (const Orv32f* src1, const Orv32f* src2, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsMulPerm_32f_I,     (const Orv32f* src, Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsMulPerm_64f,       (const Orv64f* src1, const Orv64f* src2, Orv64f* dst, int len))
+ORVAPI(OrvStatus, orvsMulPerm_64f_I,     (const Orv64f* src, Orv64f* srcDst, int len))
+ORVAPI(OrvStatus, orvsMulPackConj_32f_I, (const Orv32f* src, Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsMulPackConj_64f_I, (const Orv64f* src, Orv64f* srcDst, int len))
+/** @} */
+
 /* ---- MulC                                                                                           arith/mulc.cpp */
 
 /** @name MulC
