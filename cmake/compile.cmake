@@ -25,9 +25,9 @@ set(ORV_OPTIMIZE "-O2" CACHE STRING "Optimisation of release builds")
 set(CMAKE_CXX_FLAGS_RELEASE ${ORV_OPTIMIZE})
 set(CMAKE_C_FLAGS_RELEASE ${ORV_OPTIMIZE})
 if(ORV_SANITIZE)
+    # The code of both libraries is watched, in whatever program it runs: the programs of the tests are only linked so.
     # C callers may pass any number as an enumerated argument; each function says what it makes of the others.
     set(ORV_SANITIZE_FLAGS -fsanitize=address,undefined -fno-sanitize=enum -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    add_compile_options(${ORV_SANITIZE_FLAGS})
     add_link_options(${ORV_SANITIZE_FLAGS})
 endif()
 
@@ -42,7 +42,7 @@ endif()
 
 # What a library without a C++ runtime needs: no exceptions, no type information, no guards, no stack canaries.
 add_library(orv_freestanding INTERFACE)
-target_compile_options(orv_freestanding INTERFACE
+target_compile_options(orv_freestanding INTERFACE ${ORV_SANITIZE_FLAGS}
     -fvisibility=hidden -fno-stack-protector -fcf-protection=none
     $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti -fno-threadsafe-statics>)
 

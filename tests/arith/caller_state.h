@@ -69,62 +69,28 @@ T element_of(Component x)
     else return x;
 }
 
-/// All operands of a call, in memory of their own.
-template <class... Args>
+/// A call with all its operands in memory of their own.
 class CallerArrays {
 public:
-    CallerArrays(const Call<Args...>& call, std::tuple<Operand<Args>...> operands, std::size_t n)
-        : call_(call), operands_(std::move(operands)), n_(n)
-    {
-        std::size_t arrays = 0;
-        const auto add = [&](auto& operand) {
-            if constexpr (requires { operand.array; }) {
-                operand.array = arrays++;
-                memory_.push_back(operand.bytes());
-            }
-        };
-        std::apply([&](auto&... operand) { (add(operand), ...); }, operands_);
-        for (std::vector<std::byte>& bytes : memory_) addresses_.push_back(bytes.data());
-    }
+    CallerArrays(const AnyCall& call, std::vector<Operand> operands, std::size_t n);
 
     /// Calls in this state and returns what stands in MXCSR afterwards.
-    unsigned call_in(unsigned state)
-    {
-        const auto call = [&](const auto&... operand) {
-            return call_.function(operand.argument(addresses_)..., static_cast<int>(n_));
-        };
-        const CallerState scope(state);
-        status_ = std::apply(call, operands_);
-        return _mm_getcsr();
-    }
+    unsigned call_in(unsigned state);
 
     OrvStatus status() const { return status_; }
-    std::vector<DestinationElement<Args...>> results() const
-    {
-        const std::byte* at = addresses_[std::get<find_destination<Args...>()>(operands_).array];
-        std::vector<DestinationElement<Args...>> results(n_);
-        std::memcpy(results.data(), at, n_ * sizeof results[0]);
-        return results;
-    }
+    const std::byte* results() const;
 
 private:
-    const Call<Args...>& call_;
-    std::tuple<Operand<Args>...> operands_;
+    const AnyCall& call_;
+    std::vector<Operand> operands_;
     const std::size_t n_;
-    std::vector<std::vector<std::byte>> memory_;
     std::vector<std::byte*> addresses_;
     OrvStatus status_ = orvOk;
 };
 
-/// The same value at each place.
-template <class Argument, class Value>
-Operand<Argument> repeated(const Value& value, std::size_t n)
-{
-    Operand<Argument> operand;
-    if constexpr (requires { operand.values; }) operand.values.assign(n, value);
-    else operand.value = value;
-    return operand;
-}
+/// Expects that the call in this state gives the wanted element n times, and leaves the state as it was.
+void expect_in_state(const AnyCall& call, std::vector<Operand> operands, std::size_t n, unsigned state,
+                     const ElementType& type, const void* wanted);
 
 /// Expects that f computes telling sums a + b as the caller's state wants them, and leaves the state as it was.
 /// arrange(a, b) gives the values of all arguments before the length, that of the destination included.
@@ -132,51 +98,35 @@ template <class... Args, class Arrange>
 void expect_to_follow_the_state(const Call<Args...>& f, const Arrange& arrange)
 {
     using Result = DestinationElement<Args...>;
-    constexpr std::size_t component_size = element_type<Result>().component_size;
-    using Component = std::conditional_t<component_size == 4, float, double>;
+    constexpr ElementType type = element_type<Result>();
+    using Component = std::conditional_t<type.component_size == 4, float, double>;
     for (const TellingSum<Component>& sum : telling_sums<Component>())
         for (const std::size_t n :
              {std::size_t{1}, std::size_t{3}, std::size_t{9}, std::size_t{40}, std::size_t{300}}) {
+            const auto operands = [&](const auto&... value) { return std::vector{repeated<Args>(value, n)...}; };
             const auto values = arrange(element_of<Result>(sum.a), element_of<Result>(sum.b));
-            const auto operands = [&](const auto&... value) { return std::tuple(repeated<Args>(value, n)...); };
-            CallerArrays<Args...> arrays(f, std::apply(operands, values), n);
-            const unsigned after = arrays.call_in(sum.state);
-            EXPECT_EQ(arrays.status(), orvOk) << f.name;
-            EXPECT_EQ(after & ~flag_bits & (round_to_zero | flush_to_zero | denormals_are_zero), sum.state) << f.name;
-
-            const std::vector<Result> want(n, element_of<Result>(sum.want)), got = arrays.results();
-            const std::size_t i = first_difference(element_type<Result>(), got.data(), want.data(), n);
-            EXPECT_EQ(i, n) << f.name << " in the state " << std::hex << sum.state << ": "
-                            << element_text(element_type<Result>(), &got[std::min(i, n - 1)]) << ", not "
-                            << element_text(element_type<Result>(), &want[0]);
+            const Result want = element_of<Result>(sum.want);
+            expect_in_state(f, std::apply(operands, values), n, sum.state, type, &want);
         }
 }
 
 /// Expects that f, on operands whose results are exact, meets none of what the flags tell: at no length it computes
 /// with anything that is not an operand.
+void expect_no_flags(const AnyCall& f, std::span<const OperandType> types);
+
 template <class... Args>
 void expect_no_flags(const Call<Args...>& f)
 {
-    for (std::size_t n = 1; n <= 70; ++n) {
-        Draw from = {Random(seed_of(f.name, n)), n, n, Floats::small_integers};
-        std::tuple<Operand<Args>...> operands;
-        std::apply([&](auto&... operand) { (operand.draw(from), ...); }, operands);
-        CallerArrays<Args...> arrays(f, operands, n);
-        EXPECT_EQ(arrays.call_in(to_nearest) & flag_bits, 0u) << f.name << " of length " << n;
-    }
+    expect_no_flags(f, operand_types<Args...>);
 }
 
 /// Sweeps in some states other than the usual one; the oracle is computed in the same state.
+bool sweep_in_states(const AnyCall& f, std::span<const OperandType> types, const AnyOracle& oracle);
+
 template <class... Args, class Oracle>
 bool sweep_in_states(const Call<Args...>& f, const Oracle& oracle)
 {
-    SweepOptions options;
-    options.lengths = {1, 2, 3, 4, 5, 7, 8, 11, 16, 17, 31, 32, 33, 64, 67, 257};
-    for (const unsigned state : {round_to_zero | flush_to_zero, round_up | denormals_are_zero, round_down | 0u}) {
-        const CallerState scope(state);
-        if (!sweep_elements(f, oracle, options)) return false;
-    }
-    return true;
+    return sweep_in_states(f, operand_types<Args...>, any_oracle<Args...>(oracle));
 }
 
 } // namespace orvtest

@@ -10,7 +10,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
-#include <set>
+#include <limits>
 #include <utility>
 
 namespace orvtest {
@@ -47,15 +47,7 @@ constexpr Difference second_minus_first = {true};
 
 /// Lengths for all of this family: every one up to four whole vectors of bytes and the tails behind them, and both
 /// sides of those at which a loop may begin to align its destination, to prefetch or to go round once more.
-inline SweepOptions family_lengths()
-{
-    std::set<int> lengths;
-    for (const int n : lengths_around({256, 445, 1014, 1185, 1200, 2731})) lengths.insert(n);
-    for (int n = longest_dense_length + 1; n <= 160; ++n) lengths.insert(n);
-    SweepOptions options;
-    options.lengths.assign(lengths.begin(), lengths.end());
-    return options;
-}
+SweepOptions family_lengths();
 
 /// The law of scale factors over an oracle of exact values, as an oracle of elements. From zero_from on it gives 0,
 /// also where the law rounds to 1 or -1.
@@ -188,26 +180,16 @@ std::vector<T> all_bytes()
 
 /// The values of an integer type at which sums, shifts and roundings change: around zero and both limits, around
 /// multiples of powers of two (where shifted values meet ties and limits), and some without any order. The distances
-/// reach up to near; of the powers, each step-th is taken.
+/// reach up to near; of the powers, each step-th is taken. All are the low bits of words, in the order of the type.
+std::vector<std::uint64_t> critical_words(const ElementType& type, int near, std::size_t random_values, int step);
+
 template <std::integral T>
 std::vector<T> critical_values(int near, std::size_t random_values, int step = 1)
 {
-    constexpr int width = 8 * static_cast<int>(sizeof(T));
-    std::set<T> values;
-    const auto add_around = [&](std::uint64_t center, int reach) {
-        for (int distance = -reach; distance <= reach; ++distance)
-            values.insert(static_cast<T>(center + static_cast<std::uint64_t>(distance)));
-    };
-    add_around(0, 8 * near);
-    add_around(std::uint64_t{1} << (width - 1), 8 * near);
-    for (int bit = 1; bit < width; bit += step)
-        for (const std::uint64_t odd : {1u, 3u, 5u}) {
-            add_around(odd << bit, near);
-            add_around(-(odd << bit), near);
-        }
-    Random random(width);
-    for (std::size_t i = 0; i < random_values; ++i) values.insert(static_cast<T>(random.bits()));
-    return {values.begin(), values.end()};
+    std::vector<T> values;
+    for (const std::uint64_t word : critical_words(element_type<T>(), near, random_values, step))
+        values.push_back(static_cast<T>(word));
+    return values;
 }
 
 /// All pairs from two sets: rows of the first set, one row for each value of the second.
@@ -252,6 +234,18 @@ void call_on_pairs(const Export<OrvStatus, B, D*, int, int>& f, const Pairs<D, B
         ASSERT_EQ(f(pairs.second[i], &results[i], static_cast<int>(pairs.row), scale), orvOk);
 }
 
+/// A typed element for messages.
+struct AnyElement {
+    ElementType type;
+    const void* element;
+};
+template <Element T>
+AnyElement any_element(const T& element)
+{
+    return {element_type<T>(), &element};
+}
+void add_pair_failure(const char* name, AnyElement a, AnyElement b, int scale, AnyElement got, AnyElement want);
+
 /// Compares f with wanted(a, b, scale) for all pairs and all these scales.
 template <class A, class B, class... Args, class Wanted>
 void expect_all_pairs(const Export<OrvStatus, Args...>& f, const Pairs<A, B>& pairs, const std::vector<int>& scales,
@@ -264,11 +258,10 @@ void expect_all_pairs(const Export<OrvStatus, Args...>& f, const Pairs<A, B>& pa
         call_on_pairs(f, pairs, results, scale);
         for (std::size_t i = 0; i < results.size(); ++i) {
             const Result want = wanted(pairs.first[i], pairs.second[i], scale);
-            if (std::memcmp(&results[i], &want, sizeof want) != 0)
-                FAIL() << f.name() << " of " << element_text(element_type<A>(), &pairs.first[i]) << " and "
-                       << element_text(element_type<B>(), &pairs.second[i]) << " at scale " << scale << " is "
-                       << element_text(element_type<Result>(), &results[i]) << ", not "
-                       << element_text(element_type<Result>(), &want);
+            if (std::memcmp(&results[i], &want, sizeof want) == 0) continue;
+            add_pair_failure(f.name(), any_element(pairs.first[i]), any_element(pairs.second[i]), scale,
+                             any_element(results[i]), any_element(want));
+            return;
         }
     }
 }

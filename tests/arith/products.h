@@ -146,9 +146,6 @@ std::vector<TellingProduct<T>> telling_products()
         {flush_to_zero, least, T(0.5), 0}, {to_nearest, least / 2, 2, least}, {denormals_are_zero, least / 2, 2, 0}};
 }
 
-template <class Argument>
-using ElementOf = std::remove_const_t<std::remove_pointer_t<Argument>>;
-
 /// A real value as an element, without an imaginary part.
 template <Element T, class Component>
 T real_element(Component x)
@@ -163,22 +160,15 @@ template <class First, class Second, class... Rest>
 void expect_products_to_follow_the_state(const Call<First, Second, Rest...>& f)
 {
     using Result = DestinationElement<First, Second, Rest...>;
-    using Component = std::conditional_t<element_type<Result>().component_size == 4, float, double>;
+    constexpr ElementType type = element_type<Result>();
+    using Component = std::conditional_t<type.component_size == 4, float, double>;
     for (const TellingProduct<Component>& telling : telling_products<Component>())
         for (const std::size_t n : {std::size_t{1}, std::size_t{3}, std::size_t{9}, std::size_t{40}}) {
-            const std::tuple operands(repeated<First>(real_element<ElementOf<First>>(telling.a), n),
-                                      repeated<Second>(element_of<ElementOf<Second>>(telling.b), n),
-                                      repeated<Rest>(Result{}, n)...);
-            CallerArrays<First, Second, Rest...> arrays(f, operands, n);
-            const unsigned after = arrays.call_in(telling.state);
-            EXPECT_EQ(arrays.status(), orvOk) << f.name;
-            EXPECT_EQ(after & (round_to_zero | flush_to_zero | denormals_are_zero), telling.state) << f.name;
-
-            const std::vector<Result> want(n, element_of<Result>(telling.want)), got = arrays.results();
-            const std::size_t i = first_difference(element_type<Result>(), got.data(), want.data(), n);
-            EXPECT_EQ(i, n) << f.name << " in the state " << std::hex << telling.state << ": "
-                            << element_text(element_type<Result>(), &got[std::min(i, n - 1)]) << ", not "
-                            << element_text(element_type<Result>(), &want[0]);
+            const std::vector operands = {repeated<First>(real_element<ElementOf<First>>(telling.a), n),
+                                          repeated<Second>(element_of<ElementOf<Second>>(telling.b), n),
+                                          repeated<Rest>(Result{}, n)...};
+            const Result want = element_of<Result>(telling.want);
+            expect_in_state(f, operands, n, telling.state, type, &want);
         }
 }
 

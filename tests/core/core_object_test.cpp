@@ -11,17 +11,9 @@
 #error "ORV_CORE_OBJECT must name the file of the core library"
 #endif
 
-#if defined(__SANITIZE_ADDRESS__)
-#define ORV_SANITIZED 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define ORV_SANITIZED 1
-#endif
-#endif
-
 namespace {
 
-#ifdef ORV_SANITIZED
+#ifdef ORV_SANITIZED // the library, not this program
 constexpr bool sanitized = true;
 #else
 constexpr bool sanitized = false;

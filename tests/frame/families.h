@@ -119,25 +119,7 @@ SweepOptions options_by_bytes()
 }
 
 /// Bytes by their place, so that no two windows of 8 bytes are alike.
-inline std::vector<std::byte> random_bytes(std::size_t n)
-{
-    std::vector<std::byte> bytes((n + 7) / 8 * 8);
-    Random random(n);
-    for (std::size_t i = 0; i < bytes.size(); i += 8) {
-        const std::uint64_t word = random.bits();
-        std::memcpy(&bytes[i], &word, 8);
-    }
-    bytes.resize(n);
-    return bytes;
-}
-
-/// Is every element of the array this value, bit for bit? The array is compared with itself, one element further on.
-template <class T>
-bool holds_only(const std::byte* array, const T& value, std::size_t n)
-{
-    return std::memcmp(array, &value, sizeof value) == 0 &&
-           std::memcmp(array, array + sizeof value, (n - 1) * sizeof value) == 0;
-}
+std::vector<std::byte> random_bytes(std::size_t n);
 
 /// An element with different bytes at every place.
 template <class T>
@@ -151,89 +133,64 @@ T telling_value()
 }
 
 /// A fill of a large array whose result is compared at the speed of memory.
-template <class T>
-class LargeFill {
+class AnyLargeFill {
 public:
-    LargeFill(const Export<OrvStatus, T*, int>& zero, std::size_t most)
-        : name_(zero.name()), value_{}, fill_(zero), block_(most * sizeof(T))
-    {}
-    LargeFill(const Export<OrvStatus, T, T*, int>& set, std::size_t most)
-        : name_(set.name()),
-          value_(telling_value<T>()),
-          fill_([set, this](T* dst, int len) { return set(value_, dst, len); }),
-          block_(most * sizeof(T))
-    {}
-    LargeFill(const LargeFill&) = delete;
-    LargeFill& operator=(const LargeFill&) = delete;
-
     /// Fills n elements there, and says whether all was right.
-    bool check(std::size_t n, Placement placement)
-    {
-        std::byte* array = block_.place(n * sizeof(T), placement);
-        const std::string text =
-            std::string(name_) + " of " + std::to_string(n) + " elements: the array " + placement_text(placement);
-        const CallNote note([&] { return text; });
-        const OrvStatus status = fill_(reinterpret_cast<T*>(array), static_cast<int>(n));
-        const bool filled = status == orvOk && holds_only(array, value_, n);
-        const std::string damage = block_.damage();
-        if (filled && damage.empty()) return true;
-        ADD_FAILURE() << text << ": status " << status << (filled ? "" : ", a wrong element") << ", damage: " << damage;
-        return false;
-    }
+    bool check(std::size_t n, Placement placement);
+
+protected:
+    /// The arguments before the destination are none, or the value.
+    AnyLargeFill(AnyCall fill, std::vector<AnyArgument> before, std::vector<std::byte> value, std::size_t most)
+        : fill_(std::move(fill)), before_(std::move(before)), value_(std::move(value)), block_(most * value_.size())
+    {}
 
 private:
-    const char* name_;
-    const T value_;
-    std::function<OrvStatus(T*, int)> fill_;
+    const AnyCall fill_;
+    const std::vector<AnyArgument> before_;
+    const std::vector<std::byte> value_;
     GuardedBlock block_;
 };
 
-/// A copy between two large arrays.
 template <class T>
-class LargeCopy {
+class LargeFill : public AnyLargeFill {
 public:
-    LargeCopy(const Export<OrvStatus, const T*, T*, int>& copy, std::size_t most)
-        : copy_(copy),
-          content_(random_bytes(most * sizeof(T))),
-          source_block_(content_.size()),
-          destination_block_(content_.size())
+    LargeFill(const Export<OrvStatus, T*, int>& zero, std::size_t most)
+        : AnyLargeFill(zero.with(), {}, std::vector<std::byte>(sizeof(T)), most)
     {}
+    LargeFill(const Export<OrvStatus, T, T*, int>& set, std::size_t most)
+        : AnyLargeFill(set.with(), {AnyArgument::of(telling_value<T>())}, repeated<T>(telling_value<T>(), 1).bytes,
+                       most)
+    {}
+};
 
+/// A copy between two large arrays.
+class AnyLargeCopy {
+public:
     /// The source for the checks that follow: n elements.
-    void place_source(std::size_t n, Placement placement)
-    {
-        n_ = n;
-        source_placement_ = placement;
-        source_ = source_block_.place(n * sizeof(T), placement);
-        std::memcpy(source_, content_.data(), n * sizeof(T));
-    }
+    void place_source(std::size_t n, Placement placement);
 
     /// Copies there, and says whether all was right.
-    bool check(Placement placement)
-    {
-        const std::size_t bytes = n_ * sizeof(T);
-        std::byte* destination = destination_block_.place(bytes, placement);
-        const std::string text = std::string(copy_.name()) + " of " + std::to_string(n_) + " elements: the source " +
-                                 placement_text(source_placement_) + ", the destination " + placement_text(placement);
-        const CallNote note([&] { return text; });
-        const OrvStatus status =
-            copy_(reinterpret_cast<const T*>(source_), reinterpret_cast<T*>(destination), static_cast<int>(n_));
-        const bool copied = status == orvOk && std::memcmp(destination, content_.data(), bytes) == 0;
-        const bool kept = std::memcmp(source_, content_.data(), bytes) == 0 && source_block_.damage().empty();
-        const std::string damage = destination_block_.damage();
-        if (copied && kept && damage.empty()) return true;
-        ADD_FAILURE() << text << ": status " << status << (copied ? "" : ", a wrong element")
-                      << (kept ? "" : ", the source has changed") << ", damage: " << damage;
-        return false;
-    }
+    bool check(Placement placement);
+
+protected:
+    AnyLargeCopy(AnyCall copy, std::size_t element_size, std::size_t most);
 
 private:
-    const Export<OrvStatus, const T*, T*, int> copy_;
+    const AnyCall copy_;
+    const std::size_t element_size_;
     const std::vector<std::byte> content_;
     GuardedBlock source_block_, destination_block_;
     std::size_t n_ = 0;
     Placement source_placement_ = before_guard;
     std::byte* source_ = nullptr;
+};
+
+template <class T>
+class LargeCopy : public AnyLargeCopy {
+public:
+    LargeCopy(const Export<OrvStatus, const T*, T*, int>& copy, std::size_t most)
+        : AnyLargeCopy(copy.with(), sizeof(T), most)
+    {}
 };
 
 /// More bytes than the largest cache holds, on a machine whose caches are not unusually large.

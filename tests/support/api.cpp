@@ -1,8 +1,11 @@
 #include "api.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <gtest/gtest.h>
+#include <stdexcept>
+#include <vector>
 #include <x86intrin.h>
 
 namespace orvtest {
@@ -58,7 +61,44 @@ void report_fault(int number, siginfo_t* info, void*)
     for (std::size_t i = 0; i < std::size(fault_signals); ++i) sigaction(fault_signals[i], &outer_actions[i], nullptr);
 }
 
+/// A function whose last arguments are fixed.
+class WithLast final : public Callee {
+public:
+    WithLast(std::shared_ptr<const Callee> f, std::size_t leading, std::vector<AnyArgument> last)
+        : f_(std::move(f)), leading_(leading), last_(std::move(last))
+    {
+        if (leading_ + last_.size() > most) throw std::length_error("an export with so many arguments");
+    }
+
+    OrvStatus call(const AnyArgument* arguments) const override
+    {
+        AnyArgument all[most];
+        std::copy_n(last_.begin(), last_.size(), std::copy_n(arguments, leading_, all));
+        return f_->call(all);
+    }
+
+private:
+    static constexpr std::size_t most = 16; // arguments of an export
+
+    const std::shared_ptr<const Callee> f_;
+    const std::size_t leading_;
+    const std::vector<AnyArgument> last_;
+};
+
 } // namespace
+
+AnyCall call_with_last(const char* name, std::shared_ptr<const Callee> f, std::size_t before_length,
+                       std::initializer_list<FixedArgument> last)
+{
+    if (last.size() == 0) return {name, "", std::move(f)};
+    std::string parameters;
+    std::vector<AnyArgument> values;
+    for (const FixedArgument& argument : last) {
+        parameters += (parameters.empty() ? "" : ", ") + argument.text;
+        values.push_back(argument.value);
+    }
+    return {name, parameters, std::make_shared<WithLast>(std::move(f), before_length + 1, std::move(values))};
+}
 
 StateGuard::StateGuard(const char* export_name)
     : outer_name_(std::exchange(running_export, export_name)), mxcsr_(_mm_getcsr()), x87_control_(x87_control_word())

@@ -7,7 +7,10 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <functional>
+#include <initializer_list>
+#include <memory>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -50,14 +53,106 @@ private:
     std::function<std::string()> text_;
 };
 
-/// A call over vectors of a common length, as sweeps make it. Args are the arguments before the length; those behind it
-/// are fixed already.
-template <class... Args>
-struct Call {
+/// The value of any one argument, as bytes: what is done for all signatures alike is compiled once.
+class AnyArgument {
+public:
+    template <class T>
+    static AnyArgument of(const T& value)
+    {
+        static_assert(sizeof(T) <= sizeof bytes_ && std::is_trivially_copyable_v<T>);
+        return of_bytes(&value, sizeof value);
+    }
+    static AnyArgument of_bytes(const void* value, std::size_t size)
+    {
+        AnyArgument argument;
+        std::memcpy(argument.bytes_, value, size);
+        return argument;
+    }
+
+    /// By reference: a float that passes through a function result may lose its signalling bit on the way.
+    template <class T>
+    const T& as() const
+    {
+        return *reinterpret_cast<const T*>(bytes_);
+    }
+
+private:
+    alignas(8) std::byte bytes_[16] = {};
+};
+
+/// A value, converted to the type of the argument.
+template <class T>
+AnyArgument any_argument(std::type_identity_t<T> value)
+{
+    return AnyArgument::of(value);
+}
+
+/// A function of any signature.
+class Callee {
+public:
+    Callee() = default;
+    virtual ~Callee() = default;
+    Callee(const Callee&) = delete;
+    Callee& operator=(const Callee&) = delete;
+
+    virtual OrvStatus call(const AnyArgument* arguments) const = 0;
+};
+
+/// A function object with parameters of these types.
+template <class Function, class Indices, class... Args>
+class CalleeOf;
+template <class Function, std::size_t... I, class... Args>
+class CalleeOf<Function, std::index_sequence<I...>, Args...> final : public Callee {
+public:
+    explicit CalleeOf(const Function& function) : function_(function) {}
+    OrvStatus call(const AnyArgument* arguments) const override
+    {
+        return function_(arguments[I].template as<Args>()...);
+    }
+
+private:
+    const Function function_;
+};
+
+template <class... Args, class Function>
+std::shared_ptr<const Callee> make_callee(const Function& function)
+{
+    const Callee* callee = new CalleeOf<Function, std::index_sequence_for<Args...>, Args...>(function);
+    return std::shared_ptr<const Callee>(callee);
+}
+
+/// A call over vectors of a common length, as sweeps make it. The callee takes the arguments before the length and the
+/// length; those behind it are fixed already.
+struct AnyCall {
     const char* name;       ///< of the export
     std::string parameters; ///< the fixed arguments, for messages
-    std::function<OrvStatus(Args..., int length)> function;
+    std::shared_ptr<const Callee> callee;
 };
+
+/// The same of known types. Args are the arguments before the length.
+template <class... Args>
+struct Call : AnyCall {
+    explicit Call(AnyCall call) : AnyCall(std::move(call)) {}
+    template <class Function>
+    Call(const char* export_name, std::string fixed, const Function& f)
+        : AnyCall{export_name, std::move(fixed), make_callee<Args..., int>(f)}
+    {}
+
+    OrvStatus function(Args... args, int length) const
+    {
+        const AnyArgument arguments[] = {AnyArgument::of(args)..., AnyArgument::of(length)};
+        return callee->call(arguments);
+    }
+};
+
+/// A fixed argument with its text.
+struct FixedArgument {
+    std::string text;
+    AnyArgument value;
+};
+/// The call of f with so many arguments before the length, the last ones fixed.
+AnyCall call_with_last(const char* name, std::shared_ptr<const Callee> f, std::size_t before_length,
+                       std::initializer_list<FixedArgument> last);
 
 /// An exported function with its name.
 template <class Result, class... Args>
@@ -75,12 +170,16 @@ public:
         return function_(args...);
     }
 
+    /// The export for all that does not depend on its signature.
+    std::shared_ptr<const Callee> callee() const { return make_callee<Args...>(*this); }
+
     /// The call with the arguments behind the length fixed: orvsAdd_16s_Sfs.with(3) adds at scale 3.
     template <class... Last>
     auto with(Last... last) const
     {
         static_assert(sizeof...(Args) > sizeof...(Last), "the length is not among the fixed arguments");
-        return with_leading(std::make_index_sequence<sizeof...(Args) - sizeof...(Last) - 1>(), last...);
+        return with_leading(std::make_index_sequence<sizeof...(Args) - sizeof...(Last) - 1>(),
+                            std::index_sequence_for<Last...>(), last...);
     }
 
     /// The call as a lambda makes it, which takes the export and then arguments of explicit types, the length last:
@@ -92,18 +191,16 @@ public:
     }
 
 private:
-    template <std::size_t... I, class... Last>
-    auto with_leading(std::index_sequence<I...>, Last... last) const
+    template <std::size_t i>
+    using Argument = std::tuple_element_t<i, std::tuple<Args...>>;
+
+    template <std::size_t... I, std::size_t... L, class... Last>
+    auto with_leading(std::index_sequence<I...>, std::index_sequence<L...>, Last... last) const
     {
-        using All = std::tuple<Args...>;
-        static_assert(std::is_same_v<std::tuple_element_t<sizeof...(I), All>, int>,
-                      "the length stands before the fixed");
-        std::string parameters;
-        ((parameters += (parameters.empty() ? "" : ", ") + std::to_string(last)), ...);
-        return Call<std::tuple_element_t<I, All>...>{
-            name_, parameters, [self = *this, last...](std::tuple_element_t<I, All>... first, int length) {
-                return self(first..., length, last...);
-            }};
+        constexpr std::size_t length = sizeof...(I);
+        static_assert(std::is_same_v<Argument<length>, int>, "the length stands before the fixed");
+        return Call<Argument<I>...>(call_with_last(
+            name_, callee(), length, {{std::to_string(last), any_argument<Argument<length + 1 + L>>(last)}...}));
     }
 
     template <class Lambda, class... All>
@@ -115,10 +212,10 @@ private:
     template <class Lambda, class All, std::size_t... I>
     auto as_leading(Lambda lambda, std::string parameters, std::index_sequence<I...>) const
     {
-        return Call<std::tuple_element_t<I, All>...>{
+        return Call<std::tuple_element_t<I, All>...>(
             name_, std::move(parameters), [self = *this, lambda](std::tuple_element_t<I, All>... first, int length) {
                 return lambda(self, first..., length);
-            }};
+            });
     }
 
     const char* name_;

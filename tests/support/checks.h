@@ -10,37 +10,76 @@
 
 #include "api.h"
 #include "guarded.h"
-#include "inputs.h"
 
-#include <climits>
-#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <vector>
 
 namespace orvtest {
 
+/// The checks of any export.
+class AnyArgumentChecks {
+public:
+    /// Makes the calls: each bad value alone, each pair, all at once, and at last the valid call, which must pass.
+    void run() const;
+
+protected:
+    /// Makes the arrays of the valid call, whose pointers stand where is_pointer says.
+    AnyArgumentChecks(const char* name, std::shared_ptr<const Callee> f, std::initializer_list<bool> is_pointer,
+                      std::initializer_list<AnyArgument> others);
+
+    void add_null_pointers();
+    void add_bad_lengths(std::size_t index);
+    void add(std::size_t index, const AnyArgument& value, const std::string& value_text, OrvStatus status);
+    void set_pointer(std::size_t index, const AnyArgument& pointer) { valid_[index] = pointer; }
+
+private:
+    struct Check {
+        std::size_t argument;
+        AnyArgument value;
+        std::string text;
+        OrvStatus status;
+    };
+    struct Array {
+        std::unique_ptr<GuardedBlock> block;
+        std::byte* data;
+        std::vector<std::byte> content;
+    };
+
+    std::byte* make_array();
+    std::vector<const Check*> first_of_each_argument() const;
+    bool refused(const std::vector<const Check*>& spoilt) const;
+
+    const char* name_;
+    std::shared_ptr<const Callee> f_;
+    std::vector<bool> is_pointer_;
+    std::vector<AnyArgument> valid_;
+    std::vector<Array> arrays_;
+    std::vector<Check> checks_;
+};
+
 template <class... Args>
-class ArgumentChecks {
+class ArgumentChecks : public AnyArgumentChecks {
 public:
     template <class... Others>
-    explicit ArgumentChecks(const Export<OrvStatus, Args...>& f, Others... others) : f_(f)
+    explicit ArgumentChecks(const Export<OrvStatus, Args...>& f, Others... others)
+        : ArgumentChecks(f, std::index_sequence_for<Others...>(), others...)
     {
         static_assert((int{!std::is_pointer_v<Args>} + ...) == sizeof...(Others), "all arguments other than pointers");
-        make_arguments(std::tuple(others...), std::index_sequence_for<Args...>());
     }
 
     /// Each pointer, null: orvErrNullPointer.
     [[nodiscard]] ArgumentChecks& null_pointers()
     {
-        add_null_pointers(std::index_sequence_for<Args...>());
+        add_null_pointers();
         return *this;
     }
 
     /// The length, which follows the last pointer, below 1: orvErrBadLength.
     [[nodiscard]] ArgumentChecks& bad_lengths()
     {
-        for (const int length : {0, -1, INT_MIN}) add<length_index>(length, orvErrBadLength);
+        static_assert(std::is_same_v<Argument<length_index>, int>);
+        add_bad_lengths(length_index);
         return *this;
     }
 
@@ -48,7 +87,7 @@ public:
     template <std::size_t index, class Value>
     [[nodiscard]] ArgumentChecks& bad(Value value, OrvStatus status)
     {
-        add<index>(value, status);
+        add(index, any_argument<Argument<index>>(value), testing::PrintToString(value), status);
         return *this;
     }
 
@@ -56,132 +95,35 @@ public:
     template <std::size_t index, class Pointer>
     [[nodiscard]] ArgumentChecks& with_pointer(Pointer pointer)
     {
-        std::get<index>(valid_) = pointer;
+        set_pointer(index, any_argument<Argument<index>>(pointer));
         return *this;
     }
 
-    /// Makes the calls: each bad value alone, each pair, all at once, and at last the valid call, which must pass.
-    void run()
-    {
-        for (std::size_t i = 0; i < checks_.size(); ++i)
-            if (!refused({&checks_[i]})) return;
-        for (std::size_t i = 0; i < checks_.size(); ++i)
-            for (std::size_t j = i + 1; j < checks_.size(); ++j)
-                if (checks_[i].argument != checks_[j].argument && !refused({&checks_[i], &checks_[j]})) return;
-        if (!refused(first_of_each_argument())) return;
-        EXPECT_GE(std::apply(f_, valid_), orvOk) << f_.name() << " refuses the valid call";
-    }
-
 private:
-    using Arguments = std::tuple<Args...>;
+    template <std::size_t index>
+    using Argument = std::tuple_element_t<index, std::tuple<Args...>>;
 
-    struct Check {
-        std::size_t argument;
-        std::string text;
-        OrvStatus status;
-        std::function<void(Arguments&)> spoil;
-    };
-
-    struct Array {
-        std::unique_ptr<GuardedBlock> block;
-        std::byte* data;
-        std::vector<std::byte> content;
-    };
-
-    static constexpr std::size_t array_bytes = 1024;
+    static constexpr bool is_pointer[sizeof...(Args)] = {std::is_pointer_v<Args>...};
     static constexpr std::size_t length_index = [] {
-        std::size_t last_pointer = 0, i = 0;
-        ((last_pointer = std::is_pointer_v<Args> ? i : last_pointer, ++i), ...);
-        return last_pointer + 1;
+        std::size_t behind_pointers = 0;
+        for (std::size_t i = 0; i < sizeof...(Args); ++i)
+            if (is_pointer[i]) behind_pointers = i + 1;
+        return behind_pointers;
     }();
 
-    template <class Others, std::size_t... I>
-    void make_arguments(const Others& others, std::index_sequence<I...>)
+    /// The index of this one of the arguments other than pointers.
+    static constexpr std::size_t find_other(std::size_t number)
     {
-        constexpr std::size_t pointers_before[] = {pointers_among_first(I)...};
-        (make_argument<I, I - pointers_before[I]>(others), ...);
-    }
-    template <std::size_t index, std::size_t other_index, class Others>
-    void make_argument(const Others& others)
-    {
-        if constexpr (std::is_pointer_v<std::tuple_element_t<index, Arguments>>)
-            std::get<index>(valid_) = reinterpret_cast<std::tuple_element_t<index, Arguments>>(make_array());
-        else std::get<index>(valid_) = std::get<other_index>(others);
-    }
-    static constexpr std::size_t pointers_among_first(std::size_t n)
-    {
-        std::size_t pointers = 0, i = 0;
-        ((pointers += i++ < n && std::is_pointer_v<Args>), ...);
-        return pointers;
+        std::size_t index = 0;
+        for (;; ++index)
+            if (!is_pointer[index] && number-- == 0) return index;
     }
 
-    std::byte* make_array()
-    {
-        Array& array = arrays_.emplace_back();
-        array.block = std::make_unique<GuardedBlock>(array_bytes);
-        array.data = array.block->place(array_bytes, misaligned(0));
-        Random random(seed_of(f_.name(), arrays_.size()));
-        for (const Orv8u byte : inputs<Orv8u>(random, array_bytes)) array.content.push_back(std::byte{byte});
-        std::copy(array.content.begin(), array.content.end(), array.data);
-        return array.data;
-    }
-
-    template <std::size_t... I>
-    void add_null_pointers(std::index_sequence<I...>)
-    {
-        (add_null_pointer<I>(), ...);
-    }
-    template <std::size_t index>
-    void add_null_pointer()
-    {
-        if constexpr (std::is_pointer_v<std::tuple_element_t<index, Arguments>>) add<index>(nullptr, orvErrNullPointer);
-    }
-    template <std::size_t index, class Value>
-    void add(Value value, OrvStatus status)
-    {
-        checks_.push_back({index, "argument " + std::to_string(index) + " = " + testing::PrintToString(value), status,
-                           [value](Arguments& arguments) { std::get<index>(arguments) = value; }});
-    }
-
-    std::vector<const Check*> first_of_each_argument() const
-    {
-        std::vector<const Check*> firsts;
-        for (const Check& check : checks_) {
-            const auto same = [&](const Check* other) { return other->argument == check.argument; };
-            if (std::none_of(firsts.begin(), firsts.end(), same)) firsts.push_back(&check);
-        }
-        return firsts;
-    }
-
-    /// Calls with these arguments spoilt, of which the first decides, and says whether all was right.
-    bool refused(const std::vector<const Check*>& spoilt)
-    {
-        Arguments arguments = valid_;
-        std::string text = f_.name();
-        for (const Check* check : spoilt) {
-            check->spoil(arguments);
-            text += ", " + check->text;
-        }
-        const CallNote note([&] { return text; });
-        const OrvStatus status = std::apply(f_, arguments);
-        if (status != spoilt.front()->status) {
-            ADD_FAILURE() << text << ": status " << status << ", not " << spoilt.front()->status;
-            return false;
-        }
-        for (std::size_t i = 0; i < arrays_.size(); ++i) {
-            const Array& array = arrays_[i];
-            if (std::equal(array.content.begin(), array.content.end(), array.data) && array.block->damage().empty())
-                continue;
-            ADD_FAILURE() << text << ": has written to array " << i << " though it failed";
-            return false;
-        }
-        return true;
-    }
-
-    const Export<OrvStatus, Args...> f_;
-    Arguments valid_;
-    std::vector<Array> arrays_;
-    std::vector<Check> checks_;
+    template <std::size_t... N, class... Others>
+    ArgumentChecks(const Export<OrvStatus, Args...>& f, std::index_sequence<N...>, Others... others)
+        : AnyArgumentChecks(f.name(), f.callee(), {std::is_pointer_v<Args>...},
+                            {any_argument<Argument<find_other(N)>>(others)...})
+    {}
 };
 
 } // namespace orvtest

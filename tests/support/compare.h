@@ -10,17 +10,14 @@
 
 namespace orvtest {
 
+bool expect_elements(const char* export_name, const ElementType& type, const void* got, const void* want, std::size_t n,
+                     NanView nans);
+
 /// Expects n elements to be the wanted ones, bit for bit, and any NaN for any NaN. f is an export.
 template <class AnyExport, Element T>
 bool expect_elements(const AnyExport& f, const T* got, const T* want, std::size_t n, NanView nans = NanView::one_value)
 {
-    constexpr ElementType type = element_type<T>();
-    look_at(f.name(), got, n, nans);
-    const std::size_t i = first_difference(type, got, want, n, nans);
-    if (i == n) return true;
-    ADD_FAILURE() << f.name() << ": element " << i << " of " << n << " is " << element_text(type, got + i) << ", not "
-                  << element_text(type, want + i);
-    return false;
+    return expect_elements(f.name(), element_type<T>(), got, want, n, nans);
 }
 
 template <class AnyExport, Element T>

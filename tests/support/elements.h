@@ -54,6 +54,7 @@ struct ElementType {
     int components;             ///< 1, or 2 for complex types: re, im
 
     constexpr std::size_t size() const { return component_size * static_cast<std::size_t>(components); }
+    friend constexpr bool operator==(const ElementType&, const ElementType&) = default;
 };
 
 template <Element T>

@@ -139,7 +139,75 @@ private:
     OrvStatus status_ = orvOk;
 };
 
+/// The sweep of a call over lengths.
+class OperandSweep {
+public:
+    OperandSweep(const AnyCall& call, std::span<const OperandType> types, const AnyOracle& oracle,
+                 const SweepOptions& options)
+        : call_(call), types_(types), oracle_(oracle), options_(options)
+    {}
+
+    bool run() const
+    {
+        for (std::size_t round = 0; round < options_.lengths.size(); ++round)
+            if (!run_length(static_cast<std::size_t>(options_.lengths[round]), round)) return false;
+        return true;
+    }
+
+private:
+    bool run_length(std::size_t n, std::size_t round) const
+    {
+        const Random random(seed_of(call_.name + call_.parameters, n));
+        const std::vector<Operand> operands = draw_operands(types_, {random, n, round, options_.floats});
+        if (!check(operands, n, std::nullopt)) return false;
+        if (!options_.in_place) return true;
+
+        // The destination in the place of each source of its type.
+        const std::size_t destination = find_destination(operands);
+        std::size_t array = 0;
+        for (const Operand& operand : operands) {
+            if (operand.type.role == Role::source && operand.type.element == operands[destination].type.element) {
+                std::vector<Operand> shared = operands;
+                shared[destination].bytes = operand.bytes;
+                if (!check(shared, n, array)) return false;
+            }
+            array += operand.is_array();
+        }
+        return true;
+    }
+
+    bool check(const std::vector<Operand>& operands, std::size_t n, std::optional<std::size_t> in_place_of) const
+    {
+        PlacedCall placed = {};
+        placed.name = call_.name;
+        placed.length = static_cast<int>(n);
+        placed.in_place_of = in_place_of;
+        for (const Operand& operand : operands) {
+            const ElementType& type = operand.type.element;
+            const bool is_destination = operand.type.role == Role::destination;
+            if (operand.is_array())
+                placed.arrays.push_back({type, is_destination, operand.bytes,
+                                         is_destination ? oracle_.results(operands, n) : operand.bytes});
+            else placed.parameters += ", scalar " + element_text(type, operand.bytes.data());
+        }
+        if (!call_.parameters.empty()) placed.parameters += ", behind the length " + call_.parameters;
+        placed.call = [&](std::span<std::byte* const> addresses) { return call_with(call_, operands, addresses, n); };
+        return check_placements(placed, options_);
+    }
+
+    const AnyCall& call_;
+    const std::span<const OperandType> types_;
+    const AnyOracle& oracle_;
+    const SweepOptions& options_;
+};
+
 } // namespace
+
+bool sweep_operands(const AnyCall& call, std::span<const OperandType> types, const AnyOracle& oracle,
+                    const SweepOptions& options)
+{
+    return OperandSweep(call, types, oracle, options).run();
+}
 
 bool check_placements(const PlacedCall& placed_call, const SweepOptions& options)
 {

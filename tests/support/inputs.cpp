@@ -1,6 +1,7 @@
 #include "inputs.h"
 
 #include <bit>
+#include <cmath>
 
 // Each draw is a statement of its own: within an expression the compiler would choose the order of the draws.
 
@@ -81,6 +82,23 @@ std::uint64_t draw_float(Random& random, std::size_t size, Floats floats)
     return finite(format.bias - 4 + detail % 6); // magnitudes from 1/16 to 4
 }
 
+std::vector<std::uint64_t> notable_components(const ElementType& type, Floats floats)
+{
+    const int width = 8 * static_cast<int>(type.component_size);
+    if (type.number == Number::binary_float) {
+        const auto bits = [&](double x) {
+            return width == 32 ? std::bit_cast<std::uint32_t>(static_cast<float>(x)) : std::bit_cast<std::uint64_t>(x);
+        };
+        std::vector<std::uint64_t> values = {bits(0), bits(1), bits(floats == Floats::small_integers ? -3 : 0.75)};
+        if (floats == Floats::no_nan || floats == Floats::any) values.push_back(bits(-HUGE_VAL));
+        if (floats == Floats::any) values.push_back(bits(NAN));
+        return values;
+    }
+    const std::uint64_t half = std::uint64_t{1} << (width - 1), ones = low_bits(width);
+    if (type.number == Number::unsigned_integer) return {0, 1, ones, 0, ones};
+    return {0, 1, half - 1, half, ones};
+}
+
 } // namespace
 
 std::uint64_t scramble(std::uint64_t x)
@@ -103,6 +121,26 @@ std::uint64_t draw_component(Random& random, const ElementType& type, Floats flo
 {
     if (type.number == Number::binary_float) return draw_float(random, type.component_size, floats);
     return draw_integer(random, 8 * static_cast<int>(type.component_size));
+}
+
+void draw_elements(Random& random, const ElementType& type, std::size_t n, Floats floats, std::byte* elements)
+{
+    const std::size_t components = n * static_cast<std::size_t>(type.components);
+    for (std::size_t i = 0; i < components; ++i, elements += type.component_size) {
+        const std::uint64_t component = draw_component(random, type, floats);
+        std::memcpy(elements, &component, type.component_size); // little-endian
+    }
+}
+
+std::vector<std::byte> notable_elements(const ElementType& type, Floats floats)
+{
+    const std::vector<std::uint64_t> parts = notable_components(type, floats);
+    std::vector<std::byte> elements(parts.size() * type.size());
+    std::byte* at = elements.data();
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        for (std::size_t k = 0; k < static_cast<std::size_t>(type.components); ++k, at += type.component_size)
+            std::memcpy(at, &parts[(k + 1) * i % parts.size()], type.component_size); // little-endian
+    return elements;
 }
 
 } // namespace orvtest

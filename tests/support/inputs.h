@@ -4,7 +4,6 @@
 #include "elements.h"
 
 #include <cstring>
-#include <limits>
 #include <string_view>
 #include <vector>
 
@@ -41,38 +40,27 @@ enum class Floats {
 /// powers of two (they meet the ties of rounding); for floats of all classes of numbers.
 std::uint64_t draw_component(Random& random, const ElementType& type, Floats floats);
 
-/// A vector of such elements. They are written as bytes: a float that passes through a function result may lose its
-/// signalling bit on the way.
+/// n such elements, as bytes: a float that passes through a function result may lose its signalling bit on the way.
+void draw_elements(Random& random, const ElementType& type, std::size_t n, Floats floats, std::byte* elements);
+
 template <Element T>
 std::vector<T> inputs(Random& random, std::size_t n, Floats floats = Floats::any)
 {
-    constexpr ElementType type = element_type<T>();
     std::vector<T> elements(n);
-    auto* at = reinterpret_cast<std::byte*>(elements.data());
-    for (std::size_t i = 0; i < n * static_cast<std::size_t>(type.components); ++i, at += type.component_size) {
-        const std::uint64_t component = draw_component(random, type, floats);
-        std::memcpy(at, &component, type.component_size); // little-endian
-    }
+    draw_elements(random, element_type<T>(), n, floats, reinterpret_cast<std::byte*>(elements.data()));
     return elements;
 }
 
-/// Values that a scalar argument should take in any case: 0, 1, the limits and -1; for floats 0, 1, a fraction and, as
-/// far as floats allows, infinity and NaN. A complex scalar pairs them.
+/// Values that a scalar argument should take in any case, one element behind another: 0, 1, the limits and -1; for
+/// floats 0, 1, a fraction and, as far as floats allows, infinity and NaN. A complex scalar pairs them.
+std::vector<std::byte> notable_elements(const ElementType& type, Floats floats);
+
 template <Element T>
 std::vector<T> notable_values(Floats floats = Floats::any)
 {
-    std::vector<T> values;
-    if constexpr (Complex<T>) {
-        const auto parts = notable_values<decltype(T::re)>(floats);
-        for (std::size_t i = 0; i < parts.size(); ++i) values.push_back({parts[i], parts[2 * i % parts.size()]});
-    } else if constexpr (std::floating_point<T>) {
-        values = {0, 1, T(0.75)};
-        if (floats == Floats::small_integers) values.back() = -3;
-        if (floats == Floats::no_nan || floats == Floats::any) values.push_back(-std::numeric_limits<T>::infinity());
-        if (floats == Floats::any) values.push_back(std::numeric_limits<T>::quiet_NaN());
-    } else {
-        values = {0, 1, std::numeric_limits<T>::max(), std::numeric_limits<T>::min(), static_cast<T>(-1)};
-    }
+    const std::vector<std::byte> bytes = notable_elements(element_type<T>(), floats);
+    std::vector<T> values(bytes.size() / sizeof(T));
+    std::memcpy(values.data(), bytes.data(), bytes.size());
     return values;
 }
 
