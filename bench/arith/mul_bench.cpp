@@ -86,6 +86,20 @@ constexpr auto volk_mul_32f32fc = volk([](auto src1, auto src2, auto dst, auto n
 });
 constexpr Peer loop_mul_32f32fc{"loop", [](auto... x) { loops::mul_real_complex(x...); }};
 
+/// The complex values of packed spectra, without the one or two real ones.
+constexpr auto packed = [](auto* spectrum) {
+    using Complex =
+        std::conditional_t<std::is_const_v<std::remove_pointer_t<decltype(spectrum)>>, const Orv32fc, Orv32fc>;
+    return reinterpret_cast<Complex*>(spectrum + 1);
+};
+constexpr Peer loop_mul_pack{"loop", [](auto src1, auto src2, auto dst, int n) {
+                                 loops::mul(packed(src1), packed(src2), packed(dst), (n - 1) / 2);
+                             }};
+constexpr auto volk_mul_pack = volk([](auto src1, auto src2, auto dst, int n) {
+    volk_32fc_x2_multiply_32fc(standard(packed(dst)), standard(packed(src1)), standard(packed(src2)),
+                               unsigned((n - 1) / 2));
+});
+
 template <int scale>
 constexpr Peer loop_mul_scaled{"loop", [](auto... x) { loops::mul_scaled(x..., scale); }};
 
@@ -103,6 +117,7 @@ const bench::Rows mul{[] {
     two_complex_sources<Orv32fc>(complex_arith("mul32fc"), call<orvsMul_32fc>, volk_mul_32fc, eigen_mul_complex,
                                  loop_mul);
     two_complex_sources<Orv64fc>(complex_arith("mul64fc"), call<orvsMul_64fc>, eigen_mul_complex, loop_mul);
+    two_sources<Orv32f>(arith("mulpack32f"), call<orvsMulPack_32f>, volk_mul_pack, loop_mul_pack);
     real_and_complex_source<Orv32fc>(complex_arith("mul32f32fc"), call<orvsMul_32f32fc>, volk_mul_32f32fc,
                                      loop_mul_32f32fc);
 }};
