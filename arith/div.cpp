@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "arith/extreme.h"
 #include "arith/quotients.h"
 #include "frame/checks.h"
 #include "frame/map.h"
@@ -66,17 +67,6 @@ struct ComplexQuotient {
     }
 };
 
-/// Where |b|^2 might not be a normal number, or products with a might not: a quarter of the exponents is left on each
-/// side. One comparison of the bits as integers serves for both ends.
-template <class T>
-ORV_INLINE auto is_extreme(vec<T> norm)
-{
-    using I = std::conditional_t<sizeof(T) == 4, Orv32s, Orv64s>;
-    constexpr int digits = std::numeric_limits<T>::digits - 1, bias = std::numeric_limits<T>::max_exponent - 1;
-    constexpr I lowest = I(bias / 2) << digits, highest = I(bias + bias / 2) << digits;
-    return as<T>(is_greater(as<I>(norm) - splat(I(lowest + min_of<I>)), splat(I(highest - lowest + min_of<I>))));
-}
-
 /// The quotient for extreme b, in doubles, where nothing of floats overflows or vanishes.
 [[gnu::noinline, gnu::cold]] vec<Planar32> divide_extreme(vec<Planar32> a, vec<Planar32> b)
 {
@@ -84,11 +74,7 @@ ORV_INLINE auto is_extreme(vec<T> norm)
     const auto b_re = convert_to<Orv64f>(b.re), b_im = convert_to<Orv64f>(b.im);
     const ComplexQuotient<Orv64f> low(a_re.low, a_im.low, b_re.low, b_im.low);
     const ComplexQuotient<Orv64f> high(a_re.high, a_im.high, b_re.high, b_im.high);
-    const auto rounded = [](vec<Orv64f> first, vec<Orv64f> second) ORV_INLINE_LAMBDA {
-        const auto both = convert_to<Orv32f>(join(first, second));
-        return join(both.low, both.high);
-    };
-    return {rounded(low.re, high.re), rounded(low.im, high.im)};
+    return {round_together(low.re, high.re), round_together(low.im, high.im)};
 }
 /// By way of b * 2^k, whose larger part lies in [2, 4).
 [[gnu::noinline, gnu::cold]] vec<Planar64> divide_extreme(vec<Planar64> a, vec<Planar64> b)

@@ -14,6 +14,8 @@
 #ifndef ORV_ARITH_QUOTIENTS_H
 #define ORV_ARITH_QUOTIENTS_H
 
+#include "arith/seen.h"
+#include "arith/wide_lanes.h"
 #include "simd/convert.h"
 
 namespace ORV_VARIANT {
@@ -116,38 +118,6 @@ private:
     }
 };
 
-// ---- Lanes of 8 and 16 bits as floats: op takes vectors of floats and gives integers
-
-ORV_INLINE split<Orv32s> unpack(vec<Orv16u> v)
-{
-    const auto zero = splat(Orv16u(0));
-    return {as<Orv32s>(unpack_low(v, zero)), as<Orv32s>(unpack_high(v, zero))};
-}
-ORV_INLINE split<Orv32s> unpack(vec<Orv16s> v)
-{
-    const auto sign = sign_mask(v);
-    return {as<Orv32s>(unpack_low(v, sign)), as<Orv32s>(unpack_high(v, sign))};
-}
-ORV_INLINE split<Orv16u> unpack(vec<Orv8u> v)
-{
-    const auto zero = splat(Orv8u(0));
-    return {as<Orv16u>(unpack_low(v, zero)), as<Orv16u>(unpack_high(v, zero))};
-}
-
-template <class T, class Op, class... Rest>
-ORV_INLINE vec<T> by_floats(Op op, vec<T> v, Rest... rest)
-{
-    if constexpr (sizeof(T) == 1) {
-        return pack_sat(split<Orv16u>{by_floats(op, unpack(v).low, unpack(rest).low...),
-                                      by_floats(op, unpack(v).high, unpack(rest).high...)});
-    } else {
-        const auto low = op(to_float(unpack(v).low), to_float(unpack(rest).low)...);
-        const auto high = op(to_float(unpack(v).high), to_float(unpack(rest).high)...);
-        if constexpr (std::is_signed_v<T>) return pack_sat(split<Orv32s>{low, high});
-        else return {_mm256_packus_epi32(low.r, high.r)};
-    }
-}
-
 // ---- Complex quotients a * conj(b) / |b|^2, both parts from exact numerators
 
 /// re = a.re * b.re + a.im * b.im, im = a.im * b.re - a.re * b.im. Only the real part can be 2^31, where all four parts
@@ -189,20 +159,6 @@ ORV_INLINE vec<T> with_zero_divisors(vec<T> is_zero, vec<T> dividend, vec<T> res
 {
     return blend(is_zero, sign_limit(dividend), result);
 }
-
-/// Whether any lane of any vector was set.
-class Seen {
-public:
-    template <class T>
-    ORV_INLINE void add(vec<T> mask)
-    {
-        all_ = _mm256_or_si256(all_, reinterpret_cast<__m256i>(mask.r));
-    }
-    ORV_INLINE bool any() const { return !_mm256_testz_si256(all_, all_); }
-
-private:
-    __m256i all_ = _mm256_setzero_si256();
-};
 
 ORV_INLINE OrvStatus division_status(int zero_divisors) { return zero_divisors ? orvWrnDivByZero : orvOk; }
 

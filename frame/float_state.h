@@ -8,6 +8,14 @@
 
 namespace ORV_VARIANT {
 
+ORV_INLINE Orv32u read_control_word()
+{
+    Orv32u word;
+    __asm__ volatile("vstmxcsr %0" : "=m"(word) : : "memory");
+    return word;
+}
+ORV_INLINE void write_control_word(Orv32u word) { __asm__ volatile("vldmxcsr %0" : : "m"(word) : "memory"); }
+
 /// What a state does with the flags that a kernel raises.
 enum class Flags { restored, left };
 
@@ -16,15 +24,17 @@ enum class Flags { restored, left };
 template <Flags flags = Flags::restored>
 class FloatState {
 public:
-    ORV_INLINE FloatState(Orv32u clear, Orv32u set) : saved_(read())
+    ORV_INLINE FloatState(Orv32u clear, Orv32u set) : saved_(read_control_word())
     {
         const Orv32u wanted = (saved_ & ~clear) | set;
         changed_ = wanted != saved_;
-        if (changed_) write(wanted);
+        if (changed_) write_control_word(wanted);
     }
     ORV_INLINE ~FloatState()
     {
-        if (changed_ || (flags == Flags::restored && ((read() ^ saved_) & watched) != 0)) write(saved_);
+        if (changed_ || (flags == Flags::restored && ((read_control_word() ^ saved_) & watched) != 0)) {
+            write_control_word(saved_);
+        }
     }
     FloatState(const FloatState&) = delete;
     FloatState& operator=(const FloatState&) = delete;
@@ -36,16 +46,31 @@ public:
 private:
     static constexpr Orv32u watched = rounding | mask_all | invalid_flag;
 
-    ORV_INLINE static Orv32u read()
-    {
-        Orv32u word;
-        __asm__ volatile("vstmxcsr %0" : "=m"(word) : : "memory");
-        return word;
-    }
-    ORV_INLINE static void write(Orv32u word) { __asm__ volatile("vldmxcsr %0" : : "m"(word) : "memory"); }
-
     Orv32u saved_;
     bool changed_;
+};
+
+/// The caller's rounding, all exceptions masked. A caller who masks them all finds the flags of the work; another one
+/// gets the old word back.
+class MaskedState {
+public:
+    ORV_INLINE MaskedState() : saved_(read_control_word())
+    {
+        if (!masks_all()) write_control_word((saved_ | FloatState<>::mask_all) & ~flags);
+    }
+    ORV_INLINE ~MaskedState()
+    {
+        if (!masks_all()) write_control_word(saved_);
+    }
+    MaskedState(const MaskedState&) = delete;
+    MaskedState& operator=(const MaskedState&) = delete;
+
+private:
+    static constexpr Orv32u flags = 0x003f;
+
+    ORV_INLINE bool masks_all() const { return (saved_ & FloatState<>::mask_all) == FloatState<>::mask_all; }
+
+    Orv32u saved_;
 };
 
 /// x, known from here on only: what is computed from it stays behind the setting of the state before.

@@ -15,7 +15,7 @@ namespace ORV_VARIANT {
 
 /// map for n > 2N. The ends overlap their neighbours, so whatever an early store could change is read first.
 template <int unit, class Op, class D, class... S>
-ORV_INLINE void map_vectors(Op op, D* d, std::ptrdiff_t n, const S*... s)
+ORV_INLINE Op map_vectors(Op op, D* d, std::ptrdiff_t n, const S*... s)
 {
     constexpr std::ptrdiff_t N = vec<D>::N;
     const auto at = [&](std::ptrdiff_t i) ORV_INLINE_LAMBDA { return op(load<S, N>(s + i)...); };
@@ -32,13 +32,15 @@ ORV_INLINE void map_vectors(Op op, D* d, std::ptrdiff_t n, const S*... s)
     }
     for (; i < n - N; i += N) store(d + i, at(i));
     store(d + n - N, last);
+    return op;
 }
 
 /// map for arrays that may be larger than the caches. Memory sets the pace, so the loops are plain.
 template <int unit, class Op, class D, class... S>
-[[gnu::noinline]] void map_large(Op op, D* d, std::ptrdiff_t n, const S*... s)
+[[gnu::noinline]] Op map_large(Op given, D* d, std::ptrdiff_t n, const S*... s)
 {
     constexpr std::ptrdiff_t N = vec<D>::N;
+    Op op = given; // a copy that nothing can refer to stays in registers; the argument and the result are in memory
     const auto at = [&](std::ptrdiff_t i) ORV_INLINE_LAMBDA { return op(load<S, N>(s + i)...); };
 
     std::ptrdiff_t i = last_aligned<N, unit>(d);
@@ -58,11 +60,13 @@ template <int unit, class Op, class D, class... S>
         for (; i < n - N; i += N) store(d + i, at(i));
     }
     store(d + n - N, last);
+    return Op(op);
 }
 
-/// unit is the number of lanes that belong together: 2 for complex values.
+/// unit is the number of lanes that belong together: 2 for complex values. Returns op, with what it has gathered on its
+/// way in members of its own: these stay in registers, and what it refers to might not.
 template <int unit = 1, class Op, class D, class... S>
-ORV_INLINE void map(Op op, D* d, int n, const S*... s)
+ORV_INLINE Op map(Op op, D* d, int n, const S*... s)
 {
     constexpr int N = vec<D>::N;
     if (n < N) {
@@ -72,10 +76,11 @@ ORV_INLINE void map(Op op, D* d, int n, const S*... s)
         store(d, op(load<S, N>(s)...));
         store(d + (n - N), last);
     } else if (std::size_t(n) <= bypass_minimum / (sizeof(D) + ... + sizeof(S))) {
-        map_vectors<unit>(op, d, n, s...);
+        return map_vectors<unit>(op, d, n, s...);
     } else {
-        map_large<unit>(op, d, n, s...);
+        return map_large<unit>(op, d, n, s...);
     }
+    return op;
 }
 
 } // namespace ORV_VARIANT

@@ -1,4 +1,4 @@
-// Floating-point lanes: limits, signs, rounding to integral values, reciprocals.
+// Floating-point lanes: limits, signs, rounding to integral values, reciprocals, roots.
 #ifndef ORV_SIMD_FLOAT_H
 #define ORV_SIMD_FLOAT_H
 
@@ -55,6 +55,10 @@ ORV_INLINE vec<Orv64f> blend(vec<Orv64f> mask, vec<Orv64f> a, vec<Orv64f> b)
     return {_mm256_blendv_pd(b.r, a.r, mask.r)};
 }
 
+/// sign of mask ? a : b.
+template <class T>
+requires is_float<T> ORV_INLINE vec<T> blend_by_sign(vec<T> mask, vec<T> a, vec<T> b) { return blend(mask, a, b); }
+
 // ---- Rounding to an integral value, whatever the state of the processor
 
 ORV_INLINE vec<Orv32f> to_nearest(vec<Orv32f> v) { return {_mm256_round_ps(v.r, _MM_FROUND_TO_NEAREST_INT | 8)}; }
@@ -77,6 +81,13 @@ requires is_float<T> ORV_INLINE T power_of_two(int scale)
 
 /// 1 / v within 1.5 * 2^-12.
 ORV_INLINE vec<Orv32f> estimate_reciprocal(vec<Orv32f> v) { return {_mm256_rcp_ps(v.r)}; }
+
+/// 1 / sqrt(v) within 1.5 * 2^-12; infinity for 0.
+ORV_INLINE vec<Orv32f> estimate_reciprocal_root(vec<Orv32f> v) { return {_mm256_rsqrt_ps(v.r)}; }
+
+/// Rounded once.
+ORV_INLINE vec<Orv32f> square_root(vec<Orv32f> v) { return {_mm256_sqrt_ps(v.r)}; }
+ORV_INLINE vec<Orv64f> square_root(vec<Orv64f> v) { return {_mm256_sqrt_pd(v.r)}; }
 
 } // namespace ORV_VARIANT
 

@@ -341,8 +341,15 @@ ORV_INLINE void deinterleave_rows(vec<Orv32s> (&x)[rows])
 
 // ---- Integers
 
-/// The lower 16 bits of products.
+/// The lower halves of products.
 ORV_INLINE vec<Orv16s> multiply_low(vec<Orv16s> a, vec<Orv16s> b) { return {_mm256_mullo_epi16(a.r, b.r)}; }
+ORV_INLINE vec<Orv32s> multiply_low(vec<Orv32s> a, vec<Orv32s> b) { return {_mm256_mullo_epi32(a.r, b.r)}; }
+ORV_INLINE vec<Orv64s> multiply_low(vec<Orv64s> a, vec<Orv64s> b)
+{
+    const __m256i a_high = _mm256_srli_epi64(a.r, 32), b_high = _mm256_srli_epi64(b.r, 32);
+    const __m256i crossed = _mm256_add_epi64(_mm256_mul_epu32(a_high, b.r), _mm256_mul_epu32(a.r, b_high));
+    return {_mm256_add_epi64(_mm256_mul_epu32(a.r, b.r), _mm256_slli_epi64(crossed, 32))};
+}
 
 /// Lanes of 0 to 255 as bytes: the halves of a beside those of b.
 ORV_INLINE vec<Orv8u> pack_unsigned(vec<Orv16s> a, vec<Orv16s> b) { return {_mm256_packus_epi16(a.r, b.r)}; }

@@ -80,6 +80,16 @@ ORV_INLINE vec<T> sub_sat(vec<T> a, vec<T> b)
     }
 }
 
+/// The magnitude; that of the minimum is the maximum.
+ORV_INLINE vec<Orv16s> abs_sat(vec<Orv16s> v)
+{
+    return {_mm256_min_epu16(_mm256_abs_epi16(v.r), splat(max_of<Orv16s>).r)};
+}
+ORV_INLINE vec<Orv32s> abs_sat(vec<Orv32s> v)
+{
+    return {_mm256_min_epu32(_mm256_abs_epi32(v.r), splat(max_of<Orv32s>).r)};
+}
+
 /// v + step for steps of 0 and 1 that carry no unsigned v beyond its type.
 template <class T>
 ORV_INLINE vec<T> step_up_sat(vec<T> v, vec<T> step)

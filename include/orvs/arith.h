@@ -1,5 +1,5 @@
 /* Element-wise arithmetic: sums, differences, products and quotients of vectors, of a vector and a scalar; sums of
- * products; bitwise logic; shifts.
+ * products; squares, square roots and magnitudes; bitwise logic; shifts.
  *
  *     Orv16s mix[480];
  *     orvsAdd_16s_Sfs(speech, noise, mix, 480, 1);     // mix[i] = (speech[i] + noise[i]) / 2, to nearest, ties to even
@@ -13,7 +13,7 @@
  * Common to the whole header: arrays have any alignment; a source and the destination coincide exactly or do not
  * overlap; forms with I write over their last source, srcDst. Every function checks before it writes, has no state,
  * allocates nothing, and may be called from many threads on different data. Every function runs on the calling thread,
- * but those divisions whose comment names a length from which a team of threads shares the work: as many as
+ * but those divisions and roots whose comment names a length from which a team of threads shares the work: as many as
  * orvSetNumThreads of orvs/core.h allows, two at most where nothing else is said.
  * Out-of-place results too large for the caches are stored past them.
  *
@@ -462,6 +462,104 @@ ORVAPI(OrvStatus, orvsDivCRev_32f,   (const Orv32f* src, Orv32f val, Orv32f* dst
 ORVAPI(OrvStatus, orvsDivCRev_32f_I, (Orv32f val, Orv32f* srcDst, int len))
 /** @} */
 
+/* ---- Sqr                                                                                             arith/sqr.cpp */
+
+/** @name Sqr
+ * dst[i] = src[i]^2, or srcDst[i]^2; with Sfs times 2^-scale, rounded and saturated: bit for bit Mul of the vector with
+ * itself. Complex floats are fused like products: re = fma(re, re, -(im * im)), im = fma(im, re, im * re).
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @{ */
+ORVAPI(OrvStatus, orvsSqr_8u_Sfs,    (const Orv8u* src, Orv8u* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqr_8u_ISfs,   (Orv8u* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqr_16u_Sfs,   (const Orv16u* src, Orv16u* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqr_16u_ISfs,  (Orv16u* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqr_16s_Sfs,   (const Orv16s* src, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqr_16s_ISfs,  (Orv16s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqr_16sc_Sfs,  (const Orv16sc* src, Orv16sc* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqr_16sc_ISfs, (Orv16sc* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqr_32f,       (const Orv32f* src, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsSqr_32f_I,     (Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsSqr_32fc,      (const Orv32fc* src, Orv32fc* dst, int len))
+ORVAPI(OrvStatus, orvsSqr_32fc_I,    (Orv32fc* srcDst, int len))
+ORVAPI(OrvStatus, orvsSqr_64f,       (const Orv64f* src, Orv64f* dst, int len))
+ORVAPI(OrvStatus, orvsSqr_64f_I,     (Orv64f* srcDst, int len))
+ORVAPI(OrvStatus, orvsSqr_64fc,      (const Orv64fc* src, Orv64fc* dst, int len))
+ORVAPI(OrvStatus, orvsSqr_64fc_I,    (Orv64fc* srcDst, int len))
+/** @} */
+
+/* ---- Sqrt                                        arith/sqrt.cpp (32f, 64f, 32fc, 64fc), arith/sqrt_integers.cpp */
+
+/** @name Sqrt
+ * dst[i] = sqrt(src[i]), or sqrt(srcDst[i]); with Sfs times 2^-scale, rounded and saturated: integer roots are exact to
+ * the tie, whatever the scale. 32s16s and 64s16s give 16-bit roots of wider values.
+ *
+ * A negative real element does not stop the vector; the status is then orvWrnSqrtOfNegative. Integers become 0, floats
+ * a NaN. -0 is not negative, and its root is -0. 32f and 64f are IEEE roots.
+ *
+ * The root of a complex z is the principal one, t + i * u in the first quadrant and
+ *
+ *     re = t, im = u or -u    for z.re >= 0                    t = sqrt((|z| + |z.re|) / 2)
+ *     re = u, im = t or -t    for z.re < 0                     u = |z.im| / (2 * t)
+ *
+ * so re >= 0, and im has the sign of z.im. The branch cut is the negative real axis, where the sign of a zero z.im
+ * tells the side: of -4 + 0i the root is 2i, of -4 - 0i it is -2i. Complex integers have no -0, and the root of -4 is
+ * 2i.
+ *
+ * Both parts of complex floats are within one unit in their last place of the exact ones, for all z whose parts are 0
+ * or belong to 2^-25 ... 2^25 (64fc: 2^-204 ... 2^204) in magnitude, and within three for every other finite z: nothing
+ * overflows on the way, nor vanishes. An infinite z.im gives an infinite re and an infinite im of its sign, whatever
+ * z.re is; an infinite z.re gives one part that is infinite and one that is 0, or a NaN where z.im is one; other NaNs
+ * give two NaNs. Complex forms have no warning.
+ *
+ * Floating-point exceptions stay masked during the work, whatever the caller has set: none interrupts it.
+ * @retval orvErrNullPointer    a pointer is null
+ * @retval orvErrBadLength      len < 1
+ * @retval orvWrnSqrtOfNegative a real element is negative; the vector is complete
+ * @note From a length on, two threads share the work: 4096 elements of 32f; 2048 of 8u, 16u and 16s; 1024 of 32s16s;
+ *       512 of 64f, 32fc and 64s16s; 256 of 16sc and 64s; 64 of 64fc. To hand it over takes 1 to 2 us, and much more
+ *       while the other processors are busy. A program that works on short vectors calls orvSetNumThreads(1).
+ * @{ */
+ORVAPI(OrvStatus, orvsSqrt_8u_Sfs,     (const Orv8u* src, Orv8u* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqrt_8u_ISfs,    (Orv8u* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqrt_16u_Sfs,    (const Orv16u* src, Orv16u* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqrt_16u_ISfs,   (Orv16u* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqrt_16s_Sfs,    (const Orv16s* src, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqrt_16s_ISfs,   (Orv16s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqrt_16sc_Sfs,   (const Orv16sc* src, Orv16sc* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqrt_16sc_ISfs,  (Orv16sc* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqrt_32s16s_Sfs, (const Orv32s* src, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqrt_64s16s_Sfs, (const Orv64s* src, Orv16s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqrt_64s_Sfs,    (const Orv64s* src, Orv64s* dst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqrt_64s_ISfs,   (Orv64s* srcDst, int len, int scale))
+ORVAPI(OrvStatus, orvsSqrt_32f,        (const Orv32f* src, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsSqrt_32f_I,      (Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsSqrt_32fc,       (const Orv32fc* src, Orv32fc* dst, int len))
+ORVAPI(OrvStatus, orvsSqrt_32fc_I,     (Orv32fc* srcDst, int len))
+ORVAPI(OrvStatus, orvsSqrt_64f,        (const Orv64f* src, Orv64f* dst, int len))
+ORVAPI(OrvStatus, orvsSqrt_64f_I,      (Orv64f* srcDst, int len))
+ORVAPI(OrvStatus, orvsSqrt_64fc,       (const Orv64fc* src, Orv64fc* dst, int len))
+ORVAPI(OrvStatus, orvsSqrt_64fc_I,     (Orv64fc* srcDst, int len))
+/** @} */
+
+/* ---- Abs                                                                                             arith/abs.cpp */
+
+/** @name Abs
+ * dst[i] = |src[i]|, or |srcDst[i]|. Integers saturate: of the lowest value of the type the result is the largest.
+ * Floats lose their sign bit and nothing else, so a NaN keeps its payload.
+ * @retval orvErrNullPointer a pointer is null
+ * @retval orvErrBadLength   len < 1
+ * @{ */
+ORVAPI(OrvStatus, orvsAbs_16s,   (const Orv16s* src, Orv16s* dst, int len))
+ORVAPI(OrvStatus, orvsAbs_16s_I, (Orv16s* srcDst, int len))
+ORVAPI(OrvStatus, orvsAbs_32s,   (const Orv32s* src, Orv32s* dst, int len))
+ORVAPI(OrvStatus, orvsAbs_32s_I, (Orv32s* srcDst, int len))
+ORVAPI(OrvStatus, orvsAbs_32f,   (const Orv32f* src, Orv32f* dst, int len))
+ORVAPI(OrvStatus, orvsAbs_32f_I, (Orv32f* srcDst, int len))
+ORVAPI(OrvStatus, orvsAbs_64f,   (const Orv64f* src, Orv64f* dst, int len))
+ORVAPI(OrvStatus, orvsAbs_64f_I, (Orv64f* srcDst, int len))
+/** @} */
+
 /* ---- Cubrt                                                                                          arith/cubrt.cpp */
 
 /** @name Cubrt
@@ -555,9 +653,9 @@ ORVAPI(OrvStatus, orvs10Log10_32s_ISfs, (Orv32s* srcDst, int len, int scale))
  * sums.
  *
  * The work is done in blocks of 512 elements. It ends with the first block that has an element without a logarithm: a zero
- * makes the sum plus infinity (a choice: the limit would be minus infinity), a
- * negative number makes it a NaN; the first of both in the block decides. A block with a NaN ends the work too, and the
- * sum is a NaN whose sign bit is set, without a warning.
+ * makes the sum plus infinity (a choice: the limit would be minus infinity), a negative number makes it a NaN; the first
+ * of both in the block decides. A block with a NaN ends the work too, and the sum is a NaN whose sign bit is set, without
+ * a warning.
  * @retval orvErrNullPointer   a pointer is null
  * @retval orvErrBadLength     len < 1
  * @retval orvWrnLnOfZero      an element is zero
