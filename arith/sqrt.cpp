@@ -105,7 +105,7 @@ ORV_INLINE vec<Planar<T>> principal_root(vec<Planar<T>> z)
 template <class T>
 ORV_INLINE int root_each(const Planar<T>* src, Planar<T>* dst, int len)
 {
-    const FloatState state(0, FloatState::mask_all); // the flags of extreme values do not reach the caller either
+    const FloatState<> state(0, FloatState<>::mask_all); // the flags of extreme values do not reach the caller either
     map([](vec<Planar<T>> z) ORV_INLINE_LAMBDA { return principal_root(z); }, dst, len, src);
     return 0;
 }

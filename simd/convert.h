@@ -74,6 +74,13 @@ ORV_INLINE auto convert_to(vec<S, N> v)
     }
 }
 
+/// Two vectors of doubles as one of floats, rounded.
+ORV_INLINE vec<Orv32f> round_together(vec<Orv64f> first, vec<Orv64f> second)
+{
+    const auto both = convert_to<Orv32f>(join(first, second));
+    return join(both.low, both.high);
+}
+
 // ---- Integers to narrower ones, saturated
 
 /// limited_above: no value is above the limit of D.

@@ -72,6 +72,9 @@ template <class T>
 using unsigned_of = std::make_unsigned_t<T>;
 template <class T>
 using signed_of = std::make_signed_t<T>;
+/// The signed integers as wide as a floating type.
+template <class T>
+using word_of = std::conditional_t<sizeof(T) == 4, Orv32s, Orv64s>;
 
 /// The same 32 bytes read as lanes of U.
 template <class U, class T>

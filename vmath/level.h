@@ -13,10 +13,6 @@ enum class Level { LA, HA, EP };
 template <class T>
 inline constexpr T magic = sizeof(T) == 4 ? T(0x1.8p23) : T(0x1.8p52);
 
-/// The signed integers as wide as T.
-template <class T>
-using word_of = std::conditional_t<sizeof(T) == 4, Orv32s, Orv64s>;
-
 /// pi / 2 in three parts.
 template <class T>
 inline constexpr T half_pi_parts[] = {0x1.921fb6p+0f, -0x1.777a5cp-25f, -0x1.ee59dap-50f};
@@ -29,8 +25,7 @@ template <class F>
 ORV_INLINE vec<Orv32f> by_doubles(F f, vec<Orv32f> x)
 {
     const auto wide = convert_to<Orv64f>(x);
-    const auto y = convert_to<Orv32f>(join(f(wide.low), f(wide.high)));
-    return join(y.low, y.high);
+    return round_together(f(wide.low), f(wide.high));
 }
 
 /// The first lane.
