@@ -2,14 +2,15 @@
 //
 // A kernel own_orvs_<p><Name>_S9<level> takes the precision p (s single, d double) and one of three levels of accuracy:
 //
-//   HA  high accuracy           at most 0.55 ulp single, 0.52 ulp double
-//   LA  low accuracy            at most 1 ulp
+//   HA  high accuracy           at most 0.55 ulp single, 0.53 ulp double
+//   LA  low accuracy            at most 1 ulp, but for the logarithm (1.2), the sine and the cosine (1.6) in single
+//                               precision and the sine and the cosine in double precision (2.2)
 //   EP  enhanced performance    at most 4 ulp single, half the bits double
 //
 // docs/accuracy.md has the errors measured. All compute dst[i] = f(src[i]) for i in [0, len), any len and alignment,
 // dst equal to src or apart from it. No argument is refused: infinities, not-a-numbers, subnormals and signed zeros
 // give what IEEE 754 recommends, huge arguments are reduced exactly. No result depends on the place of an element or on
-// the caller's floating-point state, which is back afterwards.
+// the caller's floating-point state, which is back afterwards, but for exception flags that the work may leave raised.
 //
 // The result of a kernel is 0, or, where the function is a logarithm, the code of the first element that is no positive
 // number: 2 for a zero, 4 for a negative one; not-a-numbers are not reported.
