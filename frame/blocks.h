@@ -9,8 +9,8 @@
 
 #include <cstddef>
 
-#include "frame/bundle.h"
 #include "frame/alignment.h"
+#include "frame/bundle.h"
 #include "frame/caches.h"
 #include "simd/vec.h"
 
