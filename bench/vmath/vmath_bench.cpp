@@ -4,6 +4,8 @@
 
 #include "bench/support/shapes.h"
 #include "bench/support/vector_calls.h"
+#include "orvs/arith.h"
+#include "vmath/vmath.h"
 
 namespace {
 
@@ -20,6 +22,16 @@ void add_ours(Row& row, Ours ours, Arguments... arguments)
 template <class... Arguments>
 void add_ours(Row&, std::nullptr_t, Arguments...)
 {}
+
+/// A kernel that is not exported; these have nothing to report.
+template <class T>
+auto kernel(int (*f)(const T*, T*, int))
+{
+    return [f](const T* src, T* dst, int n) {
+        f(src, dst, n);
+        return orvOk;
+    };
+}
 
 /// The arguments of a row lie in (low, high].
 struct Range {
@@ -53,19 +65,19 @@ void function(const Kind& kind, Range range, Ours ours, Peers... peers)
 const bench::Rows exponential{[] {
     constexpr Range range{-10, 10};
     constexpr auto libm_exp = libm([](auto x) { return std::exp(x); });
-    function<Orv32f>(vmath("exp32f"), range, nullptr, libm_exp, libmvec([](auto x) { return _ZGVdN8v_expf(x); }),
+    function<Orv32f>(vmath("exp32f"), range, orvsExp_32f, libm_exp, libmvec([](auto x) { return _ZGVdN8v_expf(x); }),
                      sleef_u10([](auto x) { return Sleef_expf8_u10avx2(x); }));
-    function<Orv64f>(vmath("exp64f"), range, nullptr, libm_exp, libmvec([](auto x) { return _ZGVdN4v_exp(x); }),
+    function<Orv64f>(vmath("exp64f"), range, orvsExp_64f, libm_exp, libmvec([](auto x) { return _ZGVdN4v_exp(x); }),
                      sleef_u10([](auto x) { return Sleef_expd4_u10avx2(x); }));
 }};
 
 const bench::Rows logarithm{[] {
     constexpr Range range{0, 1000};
     constexpr auto libm_ln = libm([](auto x) { return std::log(x); });
-    function<Orv32f>(vmath("ln32f"), range, nullptr, libm_ln, libmvec([](auto x) { return _ZGVdN8v_logf(x); }),
+    function<Orv32f>(vmath("ln32f"), range, orvsLn_32f, libm_ln, libmvec([](auto x) { return _ZGVdN8v_logf(x); }),
                      sleef_u10([](auto x) { return Sleef_logf8_u10avx2(x); }),
                      sleef_u35([](auto x) { return Sleef_logf8_u35avx2(x); }));
-    function<Orv64f>(vmath("ln64f"), range, nullptr, libm_ln, libmvec([](auto x) { return _ZGVdN4v_log(x); }),
+    function<Orv64f>(vmath("ln64f"), range, orvsLn_64f, libm_ln, libmvec([](auto x) { return _ZGVdN4v_log(x); }),
                      sleef_u10([](auto x) { return Sleef_logd4_u10avx2(x); }),
                      sleef_u35([](auto x) { return Sleef_logd4_u35avx2(x); }));
 }};
@@ -76,20 +88,24 @@ constexpr Range turns{-30, 30};
 
 const bench::Rows sine{[] {
     constexpr auto libm_sin = libm([](auto x) { return std::sin(x); });
-    function<Orv32f>(vmath("sin32f"), turns, nullptr, libm_sin, libmvec([](auto x) { return _ZGVdN8v_sinf(x); }),
+    function<Orv32f>(vmath("sin32f"), turns, kernel(own_orvs_sSin_S9LAynn), libm_sin,
+                     libmvec([](auto x) { return _ZGVdN8v_sinf(x); }),
                      sleef_u10([](auto x) { return Sleef_sinf8_u10avx2(x); }),
                      sleef_u35([](auto x) { return Sleef_sinf8_u35avx2(x); }));
-    function<Orv64f>(vmath("sin64f"), turns, nullptr, libm_sin, libmvec([](auto x) { return _ZGVdN4v_sin(x); }),
+    function<Orv64f>(vmath("sin64f"), turns, kernel(own_orvs_dSin_S9LAynn), libm_sin,
+                     libmvec([](auto x) { return _ZGVdN4v_sin(x); }),
                      sleef_u10([](auto x) { return Sleef_sind4_u10avx2(x); }),
                      sleef_u35([](auto x) { return Sleef_sind4_u35avx2(x); }));
 }};
 
 const bench::Rows cosine{[] {
     constexpr auto libm_cos = libm([](auto x) { return std::cos(x); });
-    function<Orv32f>(vmath("cos32f"), turns, nullptr, libm_cos, libmvec([](auto x) { return _ZGVdN8v_cosf(x); }),
+    function<Orv32f>(vmath("cos32f"), turns, kernel(own_orvs_sCos_S9LAynn), libm_cos,
+                     libmvec([](auto x) { return _ZGVdN8v_cosf(x); }),
                      sleef_u10([](auto x) { return Sleef_cosf8_u10avx2(x); }),
                      sleef_u35([](auto x) { return Sleef_cosf8_u35avx2(x); }));
-    function<Orv64f>(vmath("cos64f"), turns, nullptr, libm_cos, libmvec([](auto x) { return _ZGVdN4v_cos(x); }),
+    function<Orv64f>(vmath("cos64f"), turns, kernel(own_orvs_dCos_S9LAynn), libm_cos,
+                     libmvec([](auto x) { return _ZGVdN4v_cos(x); }),
                      sleef_u10([](auto x) { return Sleef_cosd4_u10avx2(x); }),
                      sleef_u35([](auto x) { return Sleef_cosd4_u35avx2(x); }));
 }};
@@ -131,10 +147,12 @@ const bench::Rows sincos{[] {
 const bench::Rows arctangent{[] {
     constexpr Range range{-30, 30};
     constexpr auto libm_atan = libm([](auto x) { return std::atan(x); });
-    function<Orv32f>(vmath("atan32f"), range, nullptr, libm_atan, libmvec([](auto x) { return _ZGVdN8v_atanf(x); }),
+    function<Orv32f>(vmath("atan32f"), range, orvsArctan_32f, libm_atan,
+                     libmvec([](auto x) { return _ZGVdN8v_atanf(x); }),
                      sleef_u10([](auto x) { return Sleef_atanf8_u10avx2(x); }),
                      sleef_u35([](auto x) { return Sleef_atanf8_u35avx2(x); }));
-    function<Orv64f>(vmath("atan64f"), range, nullptr, libm_atan, libmvec([](auto x) { return _ZGVdN4v_atan(x); }),
+    function<Orv64f>(vmath("atan64f"), range, orvsArctan_64f, libm_atan,
+                     libmvec([](auto x) { return _ZGVdN4v_atan(x); }),
                      sleef_u10([](auto x) { return Sleef_atand4_u10avx2(x); }),
                      sleef_u35([](auto x) { return Sleef_atand4_u35avx2(x); }));
 }};
@@ -164,7 +182,7 @@ const bench::Rows arctangent_of_two{[] {
 // ---- Cube root
 
 const bench::Rows cube_root{[] {
-    function<Orv32f>(vmath("cbrt32f"), {-30, 30}, nullptr, libm([](auto x) { return std::cbrt(x); }),
+    function<Orv32f>(vmath("cbrt32f"), {-30, 30}, orvsCubrt_32f, libm([](auto x) { return std::cbrt(x); }),
                      libmvec([](auto x) { return _ZGVdN8v_cbrtf(x); }),
                      sleef_u10([](auto x) { return Sleef_cbrtf8_u10avx2(x); }),
                      sleef_u35([](auto x) { return Sleef_cbrtf8_u35avx2(x); }));
