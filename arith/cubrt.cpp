@@ -49,7 +49,7 @@ ORV_KERNEL void ownorvsCubrt_32s16s(const Orv32s* src, Orv16s* dst, int len, Orv
 OrvStatus orvsCubrt_32s16s_Sfs(const Orv32s* src, Orv16s* dst, int len, int scale)
 {
     if (const OrvStatus bad = check(len, src, dst)) return bad;
-    const int exponent = scale < 0 ? -int((0 - Orv32u(scale)) & 127) : scale;
-    ownorvsCubrt_32s16s(src, dst, len, power_of_two<Orv32f>(exponent));
+    const int wrapped = scale < 0 ? -int(-Orv32u(scale) % 128) : scale;
+    ownorvsCubrt_32s16s(src, dst, len, power_of_two<Orv32f>(wrapped));
     return orvOk;
 }

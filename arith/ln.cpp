@@ -190,8 +190,8 @@ ORV_INLINE vec<T> count_reached(vec<T> x, const T (&bounds)[count])
 }
 constexpr Orv16s bounds_16s[] = {2, 5, 13, 34, 91, 245, 666, 1809, 4915, 13360};
 constexpr Orv32s bounds_32s[] = {2,       5,       13,       34,       91,        245,       666,
-                                 1809,    4915,    13360,    36316,    98716,     268337,    729417,
-                                 1982760, 5389698, 14650720, 39824784, 108254988, 294267567, 799902178};
+                                 1809,    4915,    13360,    36316,    98716,     268338,    729417,
+                                 1982760, 5389699, 14650720, 39824785, 108254988, 294267567, 799902178};
 
 /// 2^-scale, as far as it makes a difference: at the ends all results but 0 saturate, or all are 0.
 Orv64f bounded_power(int scale, int lowest, int highest)

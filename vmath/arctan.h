@@ -99,7 +99,7 @@ ORV_INLINE vec<T> ordinary_angle(vec<T> y, vec<T> x)
     return sum({base, base_rest, a.t ^ flip, a.small ^ flip}) | sign_bit(y);
 }
 
-/// For all y and x: at most 2 ulp single, 1.2 ulp double.
+/// For all y and x: at most 2 ulp.
 template <class T>
 ORV_INLINE vec<T> angle_of(vec<T> y, vec<T> x)
 {

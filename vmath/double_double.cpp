@@ -25,7 +25,7 @@ WideFloat exp_exactly(DoubleDouble x)
         y = y + term;
     }
     for (int i = 0; i < 6; ++i) y = y * (y + DoubleDouble{2});
-    return {y + DoubleDouble{1}, int(n)};
+    return {y + DoubleDouble{1}, Orv64s(n)};
 }
 
 DoubleDouble ln_exactly(Orv64f x)
@@ -34,7 +34,7 @@ DoubleDouble ln_exactly(Orv64f x)
     const auto estimate = ln_parts(splat(x));
     const DoubleDouble y = quick_sum(first(estimate.high), first(estimate.low));
     const WideFloat e = exp_exactly(-y);
-    const DoubleDouble quotient = DoubleDouble{x * power_of_two<Orv64f>(-e.exponent)} * e.mantissa;
+    const DoubleDouble quotient = DoubleDouble{x * power_of_two<Orv64f>(int(-e.exponent))} * e.mantissa;
     return y + (quotient + DoubleDouble{-1});
 }
 

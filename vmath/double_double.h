@@ -62,10 +62,10 @@ inline Orv64s round_to_integer(DoubleDouble a, Orv64s limit)
 /// mantissa * 2^exponent.
 struct WideFloat {
     DoubleDouble mantissa;
-    int exponent;
+    Orv64s exponent;
 };
 
-/// e^x to 2^-95, where |x| < 2^31.
+/// e^x to 2^-95, where |x| < 2^31. The exponent needs more than 32 bits.
 WideFloat exp_exactly(DoubleDouble x);
 
 /// ln x to 2^-90, where x is a positive normal number.

@@ -567,8 +567,9 @@ ORVAPI(OrvStatus, orvsAbs_64f_I, (Orv64f* srcDst, int len))
  *
  * 32f: within 1.1 units in the last place; a signed zero, an infinity and a NaN stay what they are. It does not depend on
  * the caller's floating-point state. 32s16s times 2^-scale, rounded to nearest with ties to even and saturated to 16 bits,
- * which is right for every input; the factor 2^-scale is formed in a single-precision exponent: scales from -127 to
- * 126 have it, -scale counts modulo 128 below, and above the exponent wraps into the sign.
+ * which is right for every input; the factor 2^-scale is formed in a single-precision exponent, which has it for scales
+ * from -127 to 126. Below that the scale counts modulo 128; above, the exponent wraps into the sign: 127 gives zeros, 128
+ * an infinite negative factor, 129 -2^127 and so on.
  * @retval orvErrNullPointer a pointer is null
  * @retval orvErrBadLength   len < 1
  * @{ */

@@ -13,14 +13,22 @@ class Kernels {
 public:
     using Kernel = int (*)(const T* src, T* dst, int len);
 
+    /// How wrong each level may be, in ulp.
+    struct Bounds {
+        double high, low, fast;
+    };
+
     /// The three levels of one function.
-    void add_levels(const Function& function, Kernel high, Kernel low, Kernel fast)
+    void add_levels(const Function& function, Kernel high, Kernel low, Kernel fast, Bounds bounds)
     {
-        constexpr bool single = sizeof(T) == 4;
-        constexpr double half_the_bits = 0x1p26; // of 53, the lower 26 may be wrong
-        add(of_vectors(name(function), function, high), "HA", single ? 0.55 : 0.52);
-        add(of_vectors(name(function), function, low), "LA", 1);
-        add(of_vectors(name(function), function, fast), "EP", single ? 4 : half_the_bits);
+        add(of_vectors(name(function), function, high), "HA", bounds.high);
+        add(of_vectors(name(function), function, low), "LA", bounds.low);
+        add(of_vectors(name(function), function, fast), "EP", bounds.fast);
+    }
+    /// A function of one level.
+    void add_one(const Function& function, Kernel kernel, double bound)
+    {
+        add(of_vectors(name(function), function, kernel), "LA", bound);
     }
 
     void add(Subject<T> subject, const char* level, double bound)
@@ -44,14 +52,36 @@ std::vector<Subject<T>> vmath_kernels();
 template <>
 inline std::vector<Subject<float>> vmath_kernels()
 {
+    using namespace functions;
     Kernels<float> kernels;
+    kernels.add_levels(sine, own_orvs_sSin_S9HAynn, own_orvs_sSin_S9LAynn, own_orvs_sSin_S9EPnnn, {0.55, 1.6, 1.6});
+    kernels.add_levels(cosine, own_orvs_sCos_S9HAynn, own_orvs_sCos_S9LAynn, own_orvs_sCos_S9EPnnn, {0.55, 1.6, 1.6});
+    kernels.add_levels(exponential, own_orvs_sExp_S9HAynn, own_orvs_sExp_S9LAynn, own_orvs_sExp_S9EPnnn,
+                       {0.55, 0.75, 1.2});
+    kernels.add_levels(logarithm, own_orvs_sLn_S9HAynn, own_orvs_sLn_S9LAynn, own_orvs_sLn_S9EPnnn, {0.55, 1.2, 1.8});
+    kernels.add_one(arctangent, own_orvs_sAtan_S9LAynn, 1.7);
+    kernels.add_one(cube_root, own_orvs_sCbrt_S9LAynn, 1.1);
+    kernels.add(of_vectors("atan2 32f", arctangent2, own_orvs_sAtan2_S9LAynn), "LA", 2);
+    kernels.add(of_vectors("sincos 32f sin", sine, own_orvs_sSinCos_S9LAynn, 1), "LA", 1.6);
+    kernels.add(of_vectors("sincos 32f cos", cosine, own_orvs_sSinCos_S9LAynn, 2), "LA", 1.6);
     return kernels.subjects;
 }
 
 template <>
 inline std::vector<Subject<double>> vmath_kernels()
 {
+    using namespace functions;
+    constexpr double fast = 0x1p22; // of 53 bits, the lower 22 may be wrong
     Kernels<double> kernels;
+    kernels.add_levels(sine, own_orvs_dSin_S9HAynn, own_orvs_dSin_S9LAynn, own_orvs_dSin_S9EPnnn, {0.54, 2.2, fast});
+    kernels.add_levels(cosine, own_orvs_dCos_S9HAynn, own_orvs_dCos_S9LAynn, own_orvs_dCos_S9EPnnn, {0.54, 2.2, fast});
+    kernels.add_levels(exponential, own_orvs_dExp_S9HAynn, own_orvs_dExp_S9LAynn, own_orvs_dExp_S9EPnnn,
+                       {0.53, 0.7, fast});
+    kernels.add_levels(logarithm, own_orvs_dLn_S9HAynn, own_orvs_dLn_S9LAynn, own_orvs_dLn_S9EPnnn, {0.52, 0.52, fast});
+    kernels.add_one(arctangent, own_orvs_dAtan_S9LAynn, 1);
+    kernels.add(of_vectors("atan2 64f", arctangent2, own_orvs_dAtan2_S9LAynn), "LA", 2);
+    kernels.add(of_vectors("sincos 64f sin", sine, own_orvs_dSinCos_S9LAynn, 1), "LA", 0.8);
+    kernels.add(of_vectors("sincos 64f cos", cosine, own_orvs_dSinCos_S9LAynn, 2), "LA", 0.8);
     return kernels.subjects;
 }
 
