@@ -7,8 +7,8 @@
 
 #include <utility>
 
-#include "frame/blocks.h"
 #include "convert/full_scale.h"
+#include "frame/blocks.h"
 #include "frame/checks.h"
 #include "frame/float_state.h"
 #include "simd/lanes.h"

@@ -5,9 +5,9 @@
 // code. To encode: a code is a small floating-point number, and the processor makes floating-point numbers.
 #include "orvs/convert.h"
 
-#include "frame/blocks.h"
 #include "convert/full_scale.h"
 #include "convert/g711.h"
+#include "frame/blocks.h"
 #include "frame/checks.h"
 #include "frame/float_state.h"
 #include "frame/map.h"

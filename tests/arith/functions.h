@@ -37,13 +37,6 @@ struct LogarithmWarning {
 
 // ---- Calls apart and in place
 
-template <class T>
-std::vector<std::byte> bytes_of(const std::vector<T>& elements)
-{
-    const auto* first = reinterpret_cast<const std::byte*>(elements.data());
-    return {first, first + elements.size() * sizeof(T)};
-}
-
 /// The arrays of a call of n elements from src.
 template <class S, class D>
 PlacedCall placed_call(const Call<const S*, D*>& f, const std::vector<S>& src, const std::vector<D>& want)

@@ -60,13 +60,6 @@ std::vector<T> product_of(Format format, const std::vector<T>& a, const std::vec
     return result;
 }
 
-template <class T>
-std::vector<std::byte> bytes_of(const std::vector<T>& values)
-{
-    const auto* first = reinterpret_cast<const std::byte*>(values.data());
-    return {first, first + values.size() * sizeof(T)};
-}
-
 /// A form with two sources: f(src1, src2, dst, n). wanted(a, b) has the destination as its first factor in place.
 template <class T, class Call, class Oracle>
 bool sweep_sources(const char* name, const std::string& parameters, Call f, Oracle wanted, const SweepOptions& options)
