@@ -24,13 +24,6 @@ struct CallArray {
 };
 
 template <class T>
-std::vector<std::byte> bytes_of(const std::vector<T>& elements)
-{
-    const auto* first = reinterpret_cast<const std::byte*>(elements.data());
-    return {first, first + elements.size() * sizeof(T)};
-}
-
-template <class T>
 CallArray source(const std::vector<T>& elements)
 {
     return {element_type<T>(), bytes_of(elements), bytes_of(elements), false};

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace orvtest {
 
@@ -87,5 +88,13 @@ std::string element_text(const ElementType& type, const void* element);
 /// The index of the first of n elements that differ, or n.
 std::size_t first_difference(const ElementType& type, const void* a, const void* b, std::size_t n,
                              NanView nans = NanView::one_value);
+
+/// The bytes of an array.
+template <class T>
+std::vector<std::byte> bytes_of(const std::vector<T>& elements)
+{
+    const auto* first = reinterpret_cast<const std::byte*>(elements.data());
+    return {first, first + elements.size() * sizeof(T)};
+}
 
 } // namespace orvtest

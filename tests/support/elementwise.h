@@ -44,14 +44,6 @@ struct ArrayArgument {
     std::vector<std::byte> before, after;
 };
 
-/// Elements as an array argument holds them.
-template <class T>
-std::vector<std::byte> bytes_of(const std::vector<T>& elements)
-{
-    const auto* first = reinterpret_cast<const std::byte*>(elements.data());
-    return {first, first + elements.size() * sizeof(T)};
-}
-
 /// A call of given length with all its data, made at many placements.
 struct PlacedCall {
     const char* name;       ///< of the export
