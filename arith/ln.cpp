@@ -285,7 +285,6 @@ ORV_INLINE OrvStatus sum_logarithms(const S* src, int len, Orv64f& sum, Kernel k
 {
     constexpr int block = 512;
     constexpr Orv64f infinity = std::numeric_limits<Orv64f>::infinity(), nan = std::numeric_limits<Orv64f>::quiet_NaN();
-    const StandardState state;
     Log logarithms[block];
     sum = 0;
     for (int at = 0, n; at < len; at += n) {
@@ -303,6 +302,7 @@ template <class Log, class S, class D, class Kernel>
 ORV_INLINE OrvStatus sum_form(const S* src, int len, D* sum, Kernel kernel)
 {
     if (const OrvStatus bad = check(len, src, sum)) return bad;
+    const StandardState state; // for the conversion to D too
     Orv64f result;
     const OrvStatus status = sum_logarithms<Log>(src, len, result, kernel);
     put_element(sum, D(result));

@@ -62,7 +62,7 @@ ORV_INLINE vec<Orv64f> sum(AngleParts<Orv64f> a)
     return sum + (a.small + (sum_rest + a.base_rest));
 }
 
-/// At most 1.7 ulp.
+/// At most 2 ulp.
 struct Arctan32 {
     using lane = Orv32f;
 

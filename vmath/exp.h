@@ -52,7 +52,7 @@ ORV_INLINE ExpParts exp_parts(vec<Orv64f> x)
     }
 }
 
-/// At most 0.52 ulp at HA, 0.7 ulp at LA; 2^-32 of the result at EP.
+/// At most 0.55 ulp at HA, 0.7 ulp at LA; 2^-32 of the result at EP.
 template <Level level>
 struct Exp64 {
     using lane = Orv64f;

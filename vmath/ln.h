@@ -79,7 +79,7 @@ struct Ln64 {
     static int companion(Orv64f x, Orv64f* y) { return vdln_cout_rare(x, y); }
 };
 
-/// At most 1.2 ulp at LA, 1.8 ulp at EP.
+/// At most 1.25 ulp at LA, 1.8 ulp at EP.
 template <Level level>
 struct Ln32 {
     using lane = Orv32f;

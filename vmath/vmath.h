@@ -2,9 +2,10 @@
 //
 // A kernel own_orvs_<p><Name>_S9<level> takes the precision p (s single, d double) and one of three levels of accuracy:
 //
-//   HA  high accuracy           at most 0.55 ulp single, 0.54 ulp double
-//   LA  low accuracy            at most 1 ulp, but for the logarithm (1.2), the sine and the cosine (1.6) in single
-//                               precision and the sine and the cosine in double precision (2.2)
+//   HA  high accuracy           at most 0.55 ulp
+//   LA  low accuracy            at most 1 ulp, but in single precision for the logarithm (1.25), the sine, the cosine
+//                               (1.6) and arctangents (2), in double precision for the sine and the cosine (2.2) and
+//                               the angle of a point (2)
 //   EP  enhanced performance    at most 4 ulp single, half the bits double
 //
 // docs/accuracy.md has the errors measured. All compute dst[i] = f(src[i]) for i in [0, len), any len and alignment,

@@ -609,7 +609,7 @@ ORVAPI(OrvStatus, orvsExp_32f64f,   (const Orv32f* src, Orv64f* dst, int len))
  * dst[i] = the natural logarithm of src[i]. With Sfs times 2^-scale, rounded to nearest with ties to even and saturated;
  * integer results are right for every input and scale.
  *
- * Floats: 32f within 1.2 units in the last place, 64f within 0.52, 64f32f within 0.51 of the result's type, subnormal
+ * Floats: 32f within 1.25 units in the last place, 64f within 0.52, 64f32f within 0.51 of the result's type, subnormal
  * arguments included. An infinity and a NaN stay what they are. The results do not depend on the caller's floating-point
  * state.
  *
@@ -671,7 +671,7 @@ ORVAPI(OrvStatus, orvsSumLn_32f64f, (const Orv32f* src, int len, Orv64f* sum))
 /* ---- Arctan                                                                                        arith/arctan.cpp */
 
 /** @name Arctan
- * dst[i] = arctan(src[i]), from -pi/2 to pi/2. 32f within 1.7 units in the last place, 64f within 1. A signed zero and a
+ * dst[i] = arctan(src[i]), from -pi/2 to pi/2. 32f within 2 units in the last place, 64f within 1. A signed zero and a
  * NaN stay what they are, infinities give +-pi/2. The results do not depend on the caller's floating-point state.
  * @retval orvErrNullPointer a pointer is null
  * @retval orvErrBadLength   len < 1

@@ -326,7 +326,7 @@ TEST(Ln_64f32f, the_same_at_each_place)
 
 TEST(Ln, keeps_its_accuracy)
 {
-    expect_accuracy(ORV_EXPORT(orvsLn_32f), functions::logarithm, 1.2);
+    expect_accuracy(ORV_EXPORT(orvsLn_32f), functions::logarithm, 1.25);
     expect_accuracy(ORV_EXPORT(orvsLn_64f), functions::logarithm, 0.52);
     expect_accuracy_of_result(ORV_EXPORT(orvsLn_64f32f), functions::logarithm, 0.51);
 }

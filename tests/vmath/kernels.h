@@ -58,8 +58,8 @@ inline std::vector<Subject<float>> vmath_kernels()
     kernels.add_levels(cosine, own_orvs_sCos_S9HAynn, own_orvs_sCos_S9LAynn, own_orvs_sCos_S9EPnnn, {0.55, 1.6, 1.6});
     kernels.add_levels(exponential, own_orvs_sExp_S9HAynn, own_orvs_sExp_S9LAynn, own_orvs_sExp_S9EPnnn,
                        {0.55, 0.75, 1.2});
-    kernels.add_levels(logarithm, own_orvs_sLn_S9HAynn, own_orvs_sLn_S9LAynn, own_orvs_sLn_S9EPnnn, {0.55, 1.2, 1.8});
-    kernels.add_one(arctangent, own_orvs_sAtan_S9LAynn, 1.7);
+    kernels.add_levels(logarithm, own_orvs_sLn_S9HAynn, own_orvs_sLn_S9LAynn, own_orvs_sLn_S9EPnnn, {0.55, 1.25, 1.8});
+    kernels.add_one(arctangent, own_orvs_sAtan_S9LAynn, 2);
     kernels.add_one(cube_root, own_orvs_sCbrt_S9LAynn, 1.1);
     kernels.add(of_vectors("atan2 32f", arctangent2, own_orvs_sAtan2_S9LAynn), "LA", 2);
     kernels.add(of_vectors("sincos 32f sin", sine, own_orvs_sSinCos_S9LAynn, 1), "LA", 1.6);
@@ -73,10 +73,10 @@ inline std::vector<Subject<double>> vmath_kernels()
     using namespace functions;
     constexpr double fast = 0x1p22; // of 53 bits, the lower 22 may be wrong
     Kernels<double> kernels;
-    kernels.add_levels(sine, own_orvs_dSin_S9HAynn, own_orvs_dSin_S9LAynn, own_orvs_dSin_S9EPnnn, {0.54, 2.2, fast});
-    kernels.add_levels(cosine, own_orvs_dCos_S9HAynn, own_orvs_dCos_S9LAynn, own_orvs_dCos_S9EPnnn, {0.54, 2.2, fast});
+    kernels.add_levels(sine, own_orvs_dSin_S9HAynn, own_orvs_dSin_S9LAynn, own_orvs_dSin_S9EPnnn, {0.55, 2.2, fast});
+    kernels.add_levels(cosine, own_orvs_dCos_S9HAynn, own_orvs_dCos_S9LAynn, own_orvs_dCos_S9EPnnn, {0.55, 2.2, fast});
     kernels.add_levels(exponential, own_orvs_dExp_S9HAynn, own_orvs_dExp_S9LAynn, own_orvs_dExp_S9EPnnn,
-                       {0.53, 0.7, fast});
+                       {0.55, 0.7, fast});
     kernels.add_levels(logarithm, own_orvs_dLn_S9HAynn, own_orvs_dLn_S9LAynn, own_orvs_dLn_S9EPnnn, {0.52, 0.52, fast});
     kernels.add_one(arctangent, own_orvs_dAtan_S9LAynn, 1);
     kernels.add(of_vectors("atan2 64f", arctangent2, own_orvs_dAtan2_S9LAynn), "LA", 2);
