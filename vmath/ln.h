@@ -60,7 +60,7 @@ ORV_INLINE Sum64 ln_parts(vec<Orv64f> x, Orv64f k0 = 0)
     }
 }
 
-/// At most 0.51 ulp at HA and LA, 2^-32 of the result at EP.
+/// At most 0.52 ulp at HA and LA, 2^-32 of the result at EP.
 template <Level level>
 struct Ln64 {
     using lane = Orv64f;

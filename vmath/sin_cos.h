@@ -172,7 +172,7 @@ struct SinOrCos64 {
     }
 };
 
-/// At most 1.3 ulp at LA. The EP kernels are the same: a term less costs more than 4 ulp.
+/// At most 1.6 ulp at LA. The EP kernels are the same: a term less costs more than 4 ulp.
 template <Wave wave, Level level>
 struct SinOrCos32 {
     using lane = Orv32f;
