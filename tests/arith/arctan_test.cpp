@@ -32,7 +32,7 @@ TEST(Arctan_64f_I, the_same_as_apart)
 TEST(Arctan, keeps_its_accuracy)
 {
     expect_accuracy(ORV_EXPORT(orvsArctan_32f), functions::arctangent, 2);
-    expect_accuracy(ORV_EXPORT(orvsArctan_64f), functions::arctangent, 0.8);
+    expect_accuracy(ORV_EXPORT(orvsArctan_64f), functions::arctangent, 1);
 }
 
 template <class T>
