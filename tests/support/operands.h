@@ -113,7 +113,7 @@ using OracleLoop = void (*)(const void* oracle, const Column* operands, std::byt
 template <class Oracle, class Result, class... OracleArguments>
 void loop_over(const void* oracle, [[maybe_unused]] const Column* operands, std::byte* results, std::size_t n)
 {
-    const Oracle& wanted = *reinterpret_cast<std::add_const_t<Oracle>*>(oracle); // an object or a function
+    const Oracle& wanted = *reinterpret_cast<Oracle*>(const_cast<void*>(oracle)); // an object or a function
     Result* result = reinterpret_cast<Result*>(results);
     for (std::size_t i = 0; i < n; ++i) result[i] = wanted(OracleArguments::at(operands, i)...);
 }
