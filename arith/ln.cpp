@@ -275,7 +275,7 @@ ORV_INLINE Orv64f sum_of_block(const T* x, int n)
     for (; i <= n - 4; i += 4) sums = sums + convert_to<Orv64f>(load<T, 4>(x + i));
     Orv64f lanes[4];
     store(lanes, sums);
-    for (int k = 0; i < n; ++i, ++k) lanes[k] += x[i];
+    for (int k = 0; i < n; ++i, ++k) lanes[k] += element_at(x + i);
     return ((lanes[0] + lanes[1]) + lanes[2]) + lanes[3];
 }
 
