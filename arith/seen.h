@@ -12,12 +12,12 @@ public:
     template <class T>
     ORV_INLINE void add(vec<T> mask)
     {
-        all_ = _mm256_or_si256(all_, reinterpret_cast<__m256i>(mask.r));
+        all_ = all_ | as<Orv8u>(mask);
     }
-    ORV_INLINE bool any() const { return !_mm256_testz_si256(all_, all_); }
+    ORV_INLINE bool any() const { return any_bit(all_); }
 
 private:
-    __m256i all_ = _mm256_setzero_si256();
+    vec<Orv8u> all_ = splat(Orv8u(0));
 };
 
 } // namespace ORV_VARIANT

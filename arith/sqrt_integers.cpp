@@ -118,7 +118,7 @@ struct TwoDoubles {
         const auto last_is_1 = splat(0x1p52), last_is_2_32 = splat(0x1p84);
         const auto lower_word = blend_words<0xaa>(as<Orv32s>(x), as<Orv32s>(as<Orv64s>(last_is_1)));
         low = as<Orv64f>(as<Orv64s>(lower_word)) - last_is_1;
-        high = as<Orv64f>(shift_right_logical(x, by(32)) | as<Orv64s>(last_is_2_32)) - last_is_2_32;
+        high = as<Orv64f>(as<Orv64s>(shift_right_by<32>(as<Orv64u>(x))) | as<Orv64s>(last_is_2_32)) - last_is_2_32;
     }
 };
 
@@ -169,7 +169,7 @@ struct LongestRoots {
 
         // The sides' difference may need 65 bits, but both sides are even.
         const auto one = splat(Orv64s(1));
-        const auto half_product = multiply_low(shift_right_logical(k + one, by(1)), k | one);
+        const auto half_product = multiply_low(as<Orv64s>(shift_right_by<1>(as<Orv64u>(k + one))), k | one);
         const auto y = k - is_greater(shift_left(x, shift) - half_product, splat(Orv64s(0)));
         return blend(is_greater(x, highest), splat(max_of<Orv64s>), y);
     }
@@ -188,7 +188,7 @@ struct ComplexRoots {
     ORV_INLINE vec<Orv16s> operator()(vec<Orv16s> z) const
     {
         const auto pairs = as<Orv32s>(z);
-        const auto re = convert_to<Orv64f>(shift_right_by<16>(shift_left(pairs, by(16))));
+        const auto re = convert_to<Orv64f>(shift_right_by<16>(shift_left_by<16>(pairs)));
         const auto im = convert_to<Orv64f>(shift_right_by<16>(pairs));
         const auto low = parts_of_root(re.low, im.low), high = parts_of_root(re.high, im.high);
         return pack_sat(even_odd<Orv32s>{join(low.re, high.re), join(low.im, high.im)});

@@ -354,46 +354,34 @@ ORV_INLINE vec<Orv64s> multiply_low(vec<Orv64s> a, vec<Orv64s> b)
 /// Lanes of 0 to 255 as bytes: the halves of a beside those of b.
 ORV_INLINE vec<Orv8u> pack_unsigned(vec<Orv16s> a, vec<Orv16s> b) { return {_mm256_packus_epi16(a.r, b.r)}; }
 
-/// v >> n with n known to the compiler, which saves a register.
-template <int n>
-ORV_INLINE vec<Orv16s> shift_right_by(vec<Orv16s> v)
+/// v >> n and v << n with n known to the compiler, which saves a register. To the right with the sign of a signed T,
+/// which has 16 or 32 bits, and with zeros for an unsigned one.
+template <int n, class T>
+ORV_INLINE vec<T> shift_right_by(vec<T> v)
 {
-    return {_mm256_srai_epi16(v.r, n)};
+    if constexpr (sizeof(T) == 1) {
+        static_assert(std::is_unsigned_v<T>);
+        return vec<T>{_mm256_srli_epi16(v.r, n)} & splat(T(0xff >> n));
+    } else if constexpr (sizeof(T) == 2) {
+        return {std::is_signed_v<T> ? _mm256_srai_epi16(v.r, n) : _mm256_srli_epi16(v.r, n)};
+    } else if constexpr (sizeof(T) == 4) {
+        return {std::is_signed_v<T> ? _mm256_srai_epi32(v.r, n) : _mm256_srli_epi32(v.r, n)};
+    } else {
+        static_assert(std::is_unsigned_v<T>);
+        return {_mm256_srli_epi64(v.r, n)};
+    }
 }
-template <int n>
-ORV_INLINE vec<Orv32s> shift_right_by(vec<Orv32s> v)
+template <int n, class T>
+ORV_INLINE vec<T> shift_left_by(vec<T> v)
 {
-    return {_mm256_srai_epi32(v.r, n)};
-}
-template <int n>
-ORV_INLINE vec<Orv8u> shift_right_by(vec<Orv8u> v)
-{
-    return vec<Orv8u>{_mm256_srli_epi16(v.r, n)} & splat(Orv8u(0xff >> n));
-}
-template <int n>
-ORV_INLINE vec<Orv32u> shift_right_by(vec<Orv32u> v)
-{
-    return {_mm256_srli_epi32(v.r, n)};
-}
-template <int n>
-ORV_INLINE vec<Orv64u> shift_right_by(vec<Orv64u> v)
-{
-    return {_mm256_srli_epi64(v.r, n)};
-}
-template <int n>
-ORV_INLINE vec<Orv16s> shift_left_by(vec<Orv16s> v)
-{
-    return {_mm256_slli_epi16(v.r, n)};
-}
-template <int n>
-ORV_INLINE vec<Orv32s> shift_left_by(vec<Orv32s> v)
-{
-    return {_mm256_slli_epi32(v.r, n)};
-}
-template <int n>
-ORV_INLINE vec<Orv64s> shift_left_by(vec<Orv64s> v)
-{
-    return {_mm256_slli_epi64(v.r, n)};
+    if constexpr (sizeof(T) == 2) {
+        return {_mm256_slli_epi16(v.r, n)};
+    } else if constexpr (sizeof(T) == 4) {
+        return {_mm256_slli_epi32(v.r, n)};
+    } else {
+        static_assert(sizeof(T) == 8);
+        return {_mm256_slli_epi64(v.r, n)};
+    }
 }
 
 /// table[index % 4] of a table that stands in both halves.

@@ -1,5 +1,6 @@
 /* Element-wise arithmetic: sums, differences, products and quotients of vectors, of a vector and a scalar; sums of
- * products; squares, square roots and magnitudes; bitwise logic; shifts.
+ * products; products of packed spectra; squares, roots, magnitudes, exponentials, logarithms, arctangents; bitwise logic;
+ * shifts.
  *
  *     Orv16s mix[480];
  *     orvsAdd_16s_Sfs(speech, noise, mix, 480, 1);     // mix[i] = (speech[i] + noise[i]) / 2, to nearest, ties to even
@@ -9,6 +10,10 @@
  * scale < 0 multiplies. Every scale is accepted. Integer forms without Sfs saturate likewise, as with scale 0. Complex
  * integers saturate part by part. Integer results of integers do not depend on the caller's floating-point state;
  * floating forms follow IEEE 754 in it.
+ *
+ * Exp, Ln, 10Log10, SumLn, Cubrt and Arctan work in the standard state of IEEE 754 whatever the caller has set: their
+ * results do not depend on it, no exception interrupts, and the control bits come back as they were; the work may leave
+ * exception flags raised.
  *
  * Common to the whole header: arrays have any alignment; a source and the destination coincide exactly or do not
  * overlap; forms with I write over their last source, srcDst. Every function checks before it writes, has no state,

@@ -101,6 +101,24 @@ struct Work {
         return all;
     }
 
+    /// From the threshold on there is a team.
+    void check_threshold() const
+    {
+        const int n = spread.threshold;
+        expect(n, 8, on_one_thread(n), orvOk);
+    }
+
+    /// Floats of all threads are rounded as the caller wants, and integers by their own law.
+    void check_in_states() const
+    {
+        for (const unsigned state :
+             {unsigned{round_up}, unsigned{round_down}, unsigned{round_to_zero}, unsigned{flush_to_zero}}) {
+            const CallerState scope(state);
+            const std::vector<R> want = on_one_thread(10007);
+            for (const int threads : {2, 8}) expect(10007, threads, want, orvOk);
+        }
+    }
+
     void check() const
     {
         for (const int n : lengths()) {
