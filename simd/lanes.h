@@ -77,6 +77,14 @@ ORV_INLINE vec<T> high_halves(vec<T> a, vec<T> b)
         _mm256_permute2x128_si256(reinterpret_cast<__m256i>(a.r), reinterpret_cast<__m256i>(b.r), 0x31))};
 }
 
+/// The high half of v, then its low half.
+template <class T>
+ORV_INLINE vec<T> swap_halves(vec<T> v)
+{
+    return {reinterpret_cast<typename vec<T>::reg>(
+        _mm256_permute2x128_si256(reinterpret_cast<__m256i>(v.r), reinterpret_cast<__m256i>(v.r), 0x01))};
+}
+
 /// The low half of a, the high half of b.
 template <class T>
 ORV_INLINE vec<T> halves_low_high(vec<T> a, vec<T> b)
@@ -109,8 +117,7 @@ ORV_INLINE vec<T> reverse(vec<T> v)
 {
     constexpr int bytes = unit * int(sizeof(T));
     if constexpr (bytes < 16) v = shuffle_bytes(v, twice(exchange<16 - bytes>));
-    return {reinterpret_cast<typename vec<T>::reg>(
-        _mm256_permute2x128_si256(reinterpret_cast<__m256i>(v.r), reinterpret_cast<__m256i>(v.r), 0x01))};
+    return swap_halves(v);
 }
 
 // ---- Two vectors in one order, and back
@@ -174,6 +181,30 @@ ORV_INLINE two<T> interleave(vec<T> a, vec<T> b)
 {
     const auto low = unpack_low(a, b), high = unpack_high(a, b);
     return {low_halves(low, high), high_halves(low, high)};
+}
+
+/// The same of half a vector each: a0 b0 a1 b1 ... in one vector; and back.
+template <class T>
+ORV_INLINE vec<T> interleave_halves(vec<T, vec<T>::N / 2> a, vec<T, vec<T>::N / 2> b)
+{
+    if constexpr (sizeof(T) == 4) {
+        return join<T, vec<T>::N / 2>({_mm_unpacklo_epi32(a.r, b.r)}, {_mm_unpackhi_epi32(a.r, b.r)});
+    } else {
+        static_assert(sizeof(T) == 8);
+        return join<T, vec<T>::N / 2>({_mm_unpacklo_epi64(a.r, b.r)}, {_mm_unpackhi_epi64(a.r, b.r)});
+    }
+}
+template <class T>
+ORV_INLINE halves<T> deinterleave_halves(vec<T> v)
+{
+    const auto low = low_half(v), high = high_half(v);
+    if constexpr (sizeof(T) == 4) {
+        const __m128 a = _mm_castsi128_ps(low.r), b = _mm_castsi128_ps(high.r);
+        return {{_mm_castps_si128(_mm_shuffle_ps(a, b, 0x88))}, {_mm_castps_si128(_mm_shuffle_ps(a, b, 0xdd))}};
+    } else {
+        static_assert(sizeof(T) == 8);
+        return {{_mm_unpacklo_epi64(low.r, high.r)}, {_mm_unpackhi_epi64(low.r, high.r)}};
+    }
 }
 
 /// The lanes of even place and those of odd place among the 2 * N at p.

@@ -6,6 +6,7 @@
 #include "orvs/convert.h"
 #include "orvs/core.h"
 #include "orvs/frame.h"
+#include "orvs/transform.h"
 #include "orvs/types.h"
 
 #endif

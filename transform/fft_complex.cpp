@@ -1,0 +1,113 @@
+// Fast Fourier transforms of complex signals.
+#include "frame/checks.h"
+#include "transform/complex_transform.h"
+
+using namespace ORV_VARIANT;
+
+namespace {
+
+/// The checks and the transform. has_null says whether an array is missing, which is the last of the checks.
+template <Direction d, class Spec, class Array>
+OrvStatus transform(const Spec* spec, bool has_null, Array src, Array dst, Orv8u* buffer)
+{
+    using T = typename Spec::value;
+    if (!spec) return orvErrNullPointer;
+    if (spec->id != Spec::identifier) return orvErrWrongContext;
+    if (has_null) return orvErrNullPointer;
+    if (spec->order < engine_order) {
+        tiny_kernels<d, Array>(scales<d>(*spec))[spec->order](src, dst, spec->factor);
+        return orvOk;
+    }
+    const WorkMemory<T> work(buffer, spec->workSize);
+    if (work.is_missing()) return orvErrNoMemory;
+    transform_with_tables<d>(*spec, spec->order, src, dst, work.values(), scales<d>(*spec));
+    return orvOk;
+}
+
+template <Direction d, class T, class Spec>
+OrvStatus transform_interleaved(const void* src, void* dst, const Spec* spec, Orv8u* buffer)
+{
+    return transform<d>(spec, any_null(src, dst), interleaved<T>(src), interleaved<T>(dst), buffer);
+}
+template <Direction d, class T, class Spec>
+OrvStatus transform_split(const T* srcRe, const T* srcIm, T* dstRe, T* dstIm, const Spec* spec, Orv8u* buffer)
+{
+    return transform<d>(spec, any_null(srcRe, srcIm, dstRe, dstIm), split_arrays(srcRe, srcIm),
+                        split_arrays(dstRe, dstIm), buffer);
+}
+
+} // namespace
+
+// ---- Forward
+
+OrvStatus orvsFFTFwd_CToC_32fc(const Orv32fc* src, Orv32fc* dst, const OrvsFFTSpec_C_32fc* spec, Orv8u* buffer)
+{
+    return transform_interleaved<Direction::forward, Orv32f>(src, dst, spec, buffer);
+}
+OrvStatus orvsFFTFwd_CToC_32fc_I(Orv32fc* srcDst, const OrvsFFTSpec_C_32fc* spec, Orv8u* buffer)
+{
+    return orvsFFTFwd_CToC_32fc(srcDst, srcDst, spec, buffer);
+}
+OrvStatus orvsFFTFwd_CToC_32f(const Orv32f* srcRe, const Orv32f* srcIm, Orv32f* dstRe, Orv32f* dstIm,
+                              const OrvsFFTSpec_C_32f* spec, Orv8u* buffer)
+{
+    return transform_split<Direction::forward>(srcRe, srcIm, dstRe, dstIm, spec, buffer);
+}
+OrvStatus orvsFFTFwd_CToC_32f_I(Orv32f* srcDstRe, Orv32f* srcDstIm, const OrvsFFTSpec_C_32f* spec, Orv8u* buffer)
+{
+    return orvsFFTFwd_CToC_32f(srcDstRe, srcDstIm, srcDstRe, srcDstIm, spec, buffer);
+}
+OrvStatus orvsFFTFwd_CToC_64fc(const Orv64fc* src, Orv64fc* dst, const OrvsFFTSpec_C_64fc* spec, Orv8u* buffer)
+{
+    return transform_interleaved<Direction::forward, Orv64f>(src, dst, spec, buffer);
+}
+OrvStatus orvsFFTFwd_CToC_64fc_I(Orv64fc* srcDst, const OrvsFFTSpec_C_64fc* spec, Orv8u* buffer)
+{
+    return orvsFFTFwd_CToC_64fc(srcDst, srcDst, spec, buffer);
+}
+OrvStatus orvsFFTFwd_CToC_64f(const Orv64f* srcRe, const Orv64f* srcIm, Orv64f* dstRe, Orv64f* dstIm,
+                              const OrvsFFTSpec_C_64f* spec, Orv8u* buffer)
+{
+    return transform_split<Direction::forward>(srcRe, srcIm, dstRe, dstIm, spec, buffer);
+}
+OrvStatus orvsFFTFwd_CToC_64f_I(Orv64f* srcDstRe, Orv64f* srcDstIm, const OrvsFFTSpec_C_64f* spec, Orv8u* buffer)
+{
+    return orvsFFTFwd_CToC_64f(srcDstRe, srcDstIm, srcDstRe, srcDstIm, spec, buffer);
+}
+
+// ---- Inverse
+
+OrvStatus orvsFFTInv_CToC_32fc(const Orv32fc* src, Orv32fc* dst, const OrvsFFTSpec_C_32fc* spec, Orv8u* buffer)
+{
+    return transform_interleaved<Direction::inverse, Orv32f>(src, dst, spec, buffer);
+}
+OrvStatus orvsFFTInv_CToC_32fc_I(Orv32fc* srcDst, const OrvsFFTSpec_C_32fc* spec, Orv8u* buffer)
+{
+    return orvsFFTInv_CToC_32fc(srcDst, srcDst, spec, buffer);
+}
+OrvStatus orvsFFTInv_CToC_32f(const Orv32f* srcRe, const Orv32f* srcIm, Orv32f* dstRe, Orv32f* dstIm,
+                              const OrvsFFTSpec_C_32f* spec, Orv8u* buffer)
+{
+    return transform_split<Direction::inverse>(srcRe, srcIm, dstRe, dstIm, spec, buffer);
+}
+OrvStatus orvsFFTInv_CToC_32f_I(Orv32f* srcDstRe, Orv32f* srcDstIm, const OrvsFFTSpec_C_32f* spec, Orv8u* buffer)
+{
+    return orvsFFTInv_CToC_32f(srcDstRe, srcDstIm, srcDstRe, srcDstIm, spec, buffer);
+}
+OrvStatus orvsFFTInv_CToC_64fc(const Orv64fc* src, Orv64fc* dst, const OrvsFFTSpec_C_64fc* spec, Orv8u* buffer)
+{
+    return transform_interleaved<Direction::inverse, Orv64f>(src, dst, spec, buffer);
+}
+OrvStatus orvsFFTInv_CToC_64fc_I(Orv64fc* srcDst, const OrvsFFTSpec_C_64fc* spec, Orv8u* buffer)
+{
+    return orvsFFTInv_CToC_64fc(srcDst, srcDst, spec, buffer);
+}
+OrvStatus orvsFFTInv_CToC_64f(const Orv64f* srcRe, const Orv64f* srcIm, Orv64f* dstRe, Orv64f* dstIm,
+                              const OrvsFFTSpec_C_64f* spec, Orv8u* buffer)
+{
+    return transform_split<Direction::inverse>(srcRe, srcIm, dstRe, dstIm, spec, buffer);
+}
+OrvStatus orvsFFTInv_CToC_64f_I(Orv64f* srcDstRe, Orv64f* srcDstIm, const OrvsFFTSpec_C_64f* spec, Orv8u* buffer)
+{
+    return orvsFFTInv_CToC_64f(srcDstRe, srcDstIm, srcDstRe, srcDstIm, spec, buffer);
+}
