@@ -8,7 +8,7 @@ fail() { printf 'FAILED: %s\n' "$*"; failures=$((failures + 1)); }
 refuses() {
     local code=$1 text=$2 got name=${program##*/}
     shift 2
-    rm -f out.wav
+    rm -f out.*
     "$program" "$@" >report 2>message
     got=$?
     printf '%s %s: %s\n' "$name" "$*" "$(head -n 1 message)"
@@ -16,5 +16,5 @@ refuses() {
     grep -qF -- "$text" message || fail "the message should contain: $text"
     [ "$(grep -c "^$name: " message)" = 1 ] || fail "one message is expected: $(cat message)"
     [ ! -s report ] || fail "a report was printed"
-    [ ! -e out.wav ] || fail "an output was written"
+    [ -z "$(compgen -G "out.*")" ] || fail "an output was written"
 }
