@@ -18,13 +18,6 @@ T square(T x)
 }
 Orv32fc square(const Orv32fc& z) { return {z.re * z.re - z.im * z.im, 2 * z.re * z.im}; }
 
-template <class D>
-D rounded(double x)
-{
-    return static_cast<D>(
-        std::lrint(std::clamp<double>(x, std::numeric_limits<D>::min(), std::numeric_limits<D>::max())));
-}
-
 void root_of_register(const float* src, float* dst) { _mm256_storeu_ps(dst, _mm256_sqrt_ps(_mm256_loadu_ps(src))); }
 void root_of_register(const double* src, double* dst) { _mm256_storeu_pd(dst, _mm256_sqrt_pd(_mm256_loadu_pd(src))); }
 

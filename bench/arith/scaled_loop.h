@@ -3,6 +3,7 @@
 #define ORV_BENCH_ARITH_SCALED_LOOP_H
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <type_traits>
 
@@ -30,6 +31,14 @@ T scaled(Wide x, int scale)
 {
     const Wide half = Wide{1} << (scale - 1);
     return saturate<T>((x + half - 1 + ((x >> scale) & 1)) >> scale);
+}
+
+/// By the processor's rounding, to nearest.
+template <class D>
+D rounded(double x)
+{
+    return static_cast<D>(
+        std::lrint(std::clamp<double>(x, std::numeric_limits<D>::min(), std::numeric_limits<D>::max())));
 }
 
 } // namespace loops

@@ -34,10 +34,13 @@ void Row::limit_resized(const void* src, std::size_t src_bytes, void* dst, std::
 }
 
 template <class T>
-void Row::limit_operations(double operations)
+void Row::limit_operations(double n)
 {
-    if constexpr (std::is_same_v<T, float>) add("limit_operations", [=] { multiply_add_32f(operations); });
-    else add("limit_operations", [=] { multiply_add_64f(operations); });
+    const double timed = std::max(n, 1e5); // a few alone would take the time in which the chains start and end
+    if constexpr (std::is_same_v<T, float>) add("limit_operations", [=] { multiply_add_32f(timed); });
+    else add("limit_operations", [=] { multiply_add_64f(timed); });
+    entries.back().share = n / timed;
+    operations = n;
 }
 
 template void Row::limit_operations<float>(double);
@@ -83,10 +86,10 @@ OrvStatus Row::measure()
     return status;
 }
 
-benchmark::UserCounters Row::times() const
+benchmark::UserCounters Row::results() const
 {
     std::map<std::string, double> ns;
-    for (const Entry& entry : entries) ns[entry.name] = entry.least * 1e9;
+    for (const Entry& entry : entries) ns[entry.name] = entry.least * entry.share * 1e9;
 
     double limit = std::numeric_limits<double>::infinity();
     for (const char* road : {"limit_long_steps", "limit_short_steps", "limit_past_caches"}) {
@@ -96,12 +99,13 @@ benchmark::UserCounters Row::times() const
         limit = std::isinf(limit) ? ns["limit_operations"] : std::max(limit, ns["limit_operations"]);
     }
 
-    benchmark::UserCounters times;
-    if (std::isfinite(limit)) times["limit"] = limit;
+    benchmark::UserCounters results;
+    if (std::isfinite(limit)) results["limit"] = limit;
+    if (operations > 0) results["operations"] = operations;
     for (const auto& [name, time] : ns) {
-        if (!name.starts_with("limit")) times[name] = time;
+        if (!name.starts_with("limit")) results[name] = time;
     }
-    return times;
+    return results;
 }
 
 namespace {
@@ -140,7 +144,7 @@ void rows(const std::string& family, const std::string& kind, const std::vector<
                                          OrvStatus status = orvOk;
                                          for ([[maybe_unused]] auto _ : state) {
                                              status = row.measure();
-                                             state.counters = row.times();
+                                             state.counters = row.results();
                                              const auto ours = state.counters.find("ours");
                                              if (ours != state.counters.end()) {
                                                  state.SetIterationTime(ours->second * 1e-9);

@@ -62,20 +62,21 @@ public:
     void limit_resized(const void* src, std::size_t src_bytes, void* dst, std::size_t dst_bytes);
 
     /// Nobody is faster than the multipliers: the time of that many floating operations, two for a multiply-add.
-    /// With both limits, the longer time counts. T is float or double.
+    /// With both limits, the longer time counts. T is float or double. The table then shows the rate of ours.
     template <class T>
     void limit_operations(double operations);
 
     /// Times all entries in turns. Returns what the first call of ours returned.
     OrvStatus measure();
 
-    /// Least nanoseconds of a call, by name: limit, ours, peers.
-    benchmark::UserCounters times() const;
+    /// Least nanoseconds of a call, by name: limit, ours, peers; and operations, the number that was given as a limit.
+    benchmark::UserCounters results() const;
 
 private:
     struct Entry {
         std::string name;
         std::function<void(long)> run; ///< that many calls in a row
+        double share = 1;              ///< of a call's time that counts
         long calls = 1;                ///< in a block
         double least = std::numeric_limits<double>::infinity();
     };
@@ -93,6 +94,7 @@ private:
 
     Arrays arrays;
     std::vector<Entry> entries;
+    double operations = 0;
     OrvStatus status = orvOk;
 };
 

@@ -34,7 +34,7 @@ std::string two_decimals(double x)
     return text;
 }
 
-constexpr const char* columns = "%-8s %-16s %7s %9s %9s %9s  %-8s %9s %6s  %s\n";
+constexpr const char* columns = "%-8s %-16s %7s %9s %9s %6s %9s  %-8s %9s %6s  %s\n";
 
 } // namespace
 
@@ -47,7 +47,8 @@ bool Table::ReportContext(const Context& context)
     std::printf("\nns a call, the least of many; ratio = peer / ours, above 1 ours is faster\n");
     if (options.misalign) std::printf("arrays start %d elements after a cache-line boundary\n", options.misalign);
     if (options.smoke()) std::printf("smoke run: long arrays are cut, and the times mean nothing\n");
-    std::printf(columns, "family", "kind", "size", "limit", "ours", "of limit", "best", "its ns", "ratio", "others");
+    std::printf(columns, "family", "kind", "size", "limit", "ours", "GF/s", "of limit", "best", "its ns", "ratio",
+                "others");
     return true;
 }
 
@@ -72,17 +73,19 @@ void Table::print_row(const Run& run)
         return;
     }
 
-    double ours = 0, limit = 0;
+    double ours = 0, limit = 0, operations = 0;
     std::vector<std::pair<double, std::string>> peers;
     for (const auto& [entry, ns] : run.counters) {
         if (entry == "ours") ours = ns;
         else if (entry == "limit") limit = ns;
+        else if (entry == "operations") operations = ns;
         else peers.push_back({ns, entry});
     }
     std::sort(peers.begin(), peers.end());
 
     Family& sums = families[family];
-    std::string fraction = "-", ratio = "-", others;
+    std::string rate = "-", fraction = "-", ratio = "-", others;
+    if (ours > 0 && operations > 0) rate = two_decimals(operations / ours);
     if (ours > 0 && limit > 0) {
         fraction = percent(limit / ours);
         sums.fraction += std::log(limit / ours);
@@ -99,7 +102,7 @@ void Table::print_row(const Run& run)
         if (ours > 0) others += " (" + two_decimals(ns / ours) + ")";
     }
     std::printf(columns, family.c_str(), kind.c_str(), size.c_str(), limit > 0 ? short_time(limit).c_str() : "-",
-                ours > 0 ? short_time(ours).c_str() : "absent", fraction.c_str(),
+                ours > 0 ? short_time(ours).c_str() : "absent", rate.c_str(), fraction.c_str(),
                 peers.empty() ? "-" : peers[0].second.c_str(), peers.empty() ? "-" : short_time(peers[0].first).c_str(),
                 ratio.c_str(), others.c_str());
 }
