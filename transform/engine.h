@@ -64,7 +64,7 @@ struct FactorsInTable {
     }
 };
 
-/// The butterfly of part(0) ... part(3), which are computed as they are needed, for want of registers.
+/// The butterfly of part(0), part(1) and so on, which are computed as they are needed, for want of registers.
 template <Direction d, class C, class Part>
 ORV_INLINE void butterfly_of_parts(C (&x)[4], Part part)
 {
@@ -73,22 +73,21 @@ ORV_INLINE void butterfly_of_parts(C (&x)[4], Part part)
     x[0] = a + sum, x[1] = plus_turned<d>(b, difference);
     x[2] = a - sum, x[3] = minus_turned<d>(b, difference);
 }
+template <Direction d, class C, class Part>
+ORV_INLINE void butterfly_of_parts(C (&x)[8], Part part)
+{
+    C odd[4], even[4];
+    butterfly_of_parts<d>(odd, [=](int k) ORV_INLINE_LAMBDA { return part(2 * k + 1); });
+    butterfly_of_parts<d>(even, [=](int k) ORV_INLINE_LAMBDA { return part(2 * k); });
+    combine_halves<d>(even, odd, x);
+}
 
-/// The butterfly of parts, after their products with factors: from(m) is the part of offset m, factor(m) its factor.
-template <Direction d, class T, class From, class Factor>
-ORV_INLINE void butterfly_of_products(Complex<T> (&x)[4], From from, Factor factor)
+/// The same of parts after their products with factors: from(m) is the part of offset m, factor(m) its factor.
+template <Direction d, std::size_t radix, class T, class From, class Factor>
+ORV_INLINE void butterfly_of_products(Complex<T> (&x)[radix], From from, Factor factor)
 {
     butterfly_of_parts<d>(x,
                           [=](int m) ORV_INLINE_LAMBDA { return m == 0 ? from(m) : multiply<d>(from(m), factor(m)); });
-}
-template <Direction d, class T, class From, class Factor>
-ORV_INLINE void butterfly_of_products(Complex<T> (&x)[8], From from, Factor factor)
-{
-    const auto product = [=](int m) ORV_INLINE_LAMBDA { return m == 0 ? from(m) : multiply<d>(from(m), factor(m)); };
-    Complex<T> odd[4], even[4];
-    butterfly_of_parts<d>(odd, [=](int k) ORV_INLINE_LAMBDA { return product(2 * k + 1); });
-    butterfly_of_parts<d>(even, [=](int k) ORV_INLINE_LAMBDA { return product(2 * k); });
-    combine_halves<d>(even, odd, x);
 }
 
 /// One span: from its parts in `from` to the transform of all in `to`, which may be the same array. Returns what is
@@ -173,8 +172,7 @@ ORV_INLINE void first_pass(Source src, BlockArray<T> work, std::ptrdiff_t n, con
     for (std::ptrdiff_t i = 0; i < spans; ++i) {
         const std::ptrdiff_t r = bit_reversed[2 * i] >> 1;
         Complex<T> x[8];
-        repeat<8>([&](auto k) ORV_INLINE_LAMBDA { x[k] = src.load(r + k * eighth); });
-        butterfly<d>(x);
+        butterfly_of_parts<d>(x, [=](int k) ORV_INLINE_LAMBDA { return src.load(r + k * eighth); });
         repeat<8 / N>([&](auto piece) ORV_INLINE_LAMBDA {
             Complex<T> square[N];
             repeat<N>([&](auto k) ORV_INLINE_LAMBDA { square[k] = x[piece * N + k]; });
@@ -196,8 +194,8 @@ ORV_INLINE void first_pass(InterleavedArray<T> src, BlockArray<T> work, std::ptr
         const std::ptrdiff_t r = bit_reversed[2 * i] >> 1;
         repeat<2>([&](auto half_line) ORV_INLINE_LAMBDA {
             Pairs<T> x[8];
-            repeat<8>([&](auto k) ORV_INLINE_LAMBDA { x[k] = src.load_pairs(r + half_line * P + k * eighth); });
-            butterfly<d>(x);
+            butterfly_of_parts<d>(x, [=](int k)
+                                         ORV_INLINE_LAMBDA { return src.load_pairs(r + half_line * P + k * eighth); });
             repeat<8 / N>([&](auto piece) ORV_INLINE_LAMBDA {
                 Pairs<T> columns[N];
                 Complex<T> rows[P];
