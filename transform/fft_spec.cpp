@@ -1,5 +1,6 @@
 // The life of the specs of floating-point transforms.
 #include "frame/checks.h"
+#include "frame/float_state.h"
 #include "orvs/frame.h"
 #include "simd/float.h"
 #include "transform/sizes.h"
@@ -149,6 +150,7 @@ OrvStatus init(Spec** ppSpec, int order, int flag, OrvHintAlgorithm hint, Orv8u*
     static_cast<FftSpec<T>&>(spec) = {};
     spec.order = order;
     spec.hint = hint;
+    const StandardState state; // the same tables in any state of the caller
     if (!set_scale<T>(spec, flag)) return orvErrBadFftFlag;
 
     if (order >= Kind::first_order_with_tables) {

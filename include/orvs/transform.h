@@ -23,7 +23,7 @@
  * bytes is the fastest); source and destination coincide exactly or do not overlap, and a source that is not the
  * destination is left as it is. Results depend on the data, the length and the flag only: not on alignment, nor on
  * whether the transform works in place, nor on who provides the buffer. Transforms round as the caller's floating-point
- * state says. Infinities and not-a-numbers spread as arithmetic makes them.
+ * state says; specs are the same in every state. Infinities and not-a-numbers spread as arithmetic makes them.
  *
  * A built spec is only read, so threads may share it; each needs a work buffer of its own. Everything runs on the
  * calling thread. Memory is allocated by InitAlloc, and by a transform that needs a buffer and is given none.

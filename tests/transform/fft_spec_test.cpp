@@ -1,4 +1,5 @@
 // Specs of the fast Fourier transform: what memory they want, where they lie in it, who refuses them.
+#include "tests/arith/caller_state.h"
 #include "tests/support/checks.h"
 #include "tests/support/compare.h"
 #include "tests/transform/fft.h"
@@ -249,6 +250,24 @@ private:
     GuardedArray<Orv8u> block_, scratch_;
     std::vector<Orv8u> buffer_;
 };
+
+TEST(FftInit, ignores_the_state_of_the_caller)
+{
+    for_each_spec_type([]<class Spec>(const SpecExports<Spec>& exports) {
+        for (const int order : {4, 6, 9, 12}) {
+            Memory<Spec> memory(order);
+            memory.init();
+            const std::vector<Orv8u> want = memory.content();
+            constexpr unsigned states[] = {round_up, round_down, round_to_zero, flush_to_zero | denormals_are_zero};
+            for (const unsigned bits : states) {
+                const CallerState state(bits);
+                memory.init();
+                EXPECT_TRUE(memory.content() == want)
+                    << exports.init.name() << ", order " << order << ", state " << bits;
+            }
+        }
+    });
+}
 
 TEST(FftInit, works_in_memory_of_any_alignment)
 {
