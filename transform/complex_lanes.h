@@ -13,7 +13,6 @@ namespace ORV_VARIANT {
 template <class T>
 struct Complex {
     using value = T;
-    static constexpr int N = vec<T>::N;
     vec<T> re, im;
 };
 
@@ -29,7 +28,6 @@ struct Pairs {
 template <class T>
 struct Single {
     using value = T;
-    static constexpr int N = 1;
     T re, im;
 };
 
@@ -190,12 +188,14 @@ ORV_INLINE void butterfly(C (&x)[2])
     const C a = x[0], b = x[1];
     x[0] = a + b, x[1] = a - b;
 }
-template <Direction d, class C>
-ORV_INLINE void butterfly(C (&x)[4])
+/// The butterfly of part(0), part(1) and so on, which are computed as they are needed, for want of registers.
+template <Direction d, class C, class Part>
+ORV_INLINE void butterfly_of_parts(C (&x)[4], Part part)
 {
-    const C a = x[0] + x[2], b = x[0] - x[2], c = x[1] + x[3], e = x[1] - x[3];
-    x[0] = a + c, x[1] = plus_turned<d>(b, e);
-    x[2] = a - c, x[3] = minus_turned<d>(b, e);
+    const C first = part(1), third = part(3), sum = first + third, difference = first - third;
+    const C second = part(2), own = part(0), a = own + second, b = own - second;
+    x[0] = a + sum, x[1] = plus_turned<d>(b, difference);
+    x[2] = a - sum, x[3] = minus_turned<d>(b, difference);
 }
 /// x = the transform of 8 from those of the elements of even and of odd place.
 template <Direction d, class C>
@@ -209,13 +209,21 @@ ORV_INLINE void combine_halves(const C (&even)[4], const C (&odd)[4], C (&x)[8])
     x[2] = plus_turned<d>(even[2], odd[2]), x[6] = minus_turned<d>(even[2], odd[2]);
     x[3] = subtract_scaled(even[3], root_half, third), x[7] = add_scaled(even[3], root_half, third);
 }
-template <Direction d, class C>
-ORV_INLINE void butterfly(C (&x)[8])
+template <Direction d, class C, class Part>
+ORV_INLINE void butterfly_of_parts(C (&x)[8], Part part)
 {
-    C even[4] = {x[0], x[2], x[4], x[6]}, odd[4] = {x[1], x[3], x[5], x[7]};
-    butterfly<d>(even);
-    butterfly<d>(odd);
+    C odd[4], even[4];
+    butterfly_of_parts<d>(odd, [=](int k) ORV_INLINE_LAMBDA { return part(2 * k + 1); });
+    butterfly_of_parts<d>(even, [=](int k) ORV_INLINE_LAMBDA { return part(2 * k); });
     combine_halves<d>(even, odd, x);
+}
+
+template <Direction d, class C, std::size_t n>
+requires(n > 2) ORV_INLINE void butterfly(C (&x)[n])
+{
+    C parts[n];
+    repeat<n>([&](auto k) ORV_INLINE_LAMBDA { parts[k] = x[k]; });
+    butterfly_of_parts<d>(x, [&](int k) ORV_INLINE_LAMBDA { return parts[k]; });
 }
 
 } // namespace ORV_VARIANT

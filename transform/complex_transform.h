@@ -2,6 +2,7 @@
 #ifndef ORV_TRANSFORM_COMPLEX_TRANSFORM_H
 #define ORV_TRANSFORM_COMPLEX_TRANSFORM_H
 
+#include "frame/checks.h"
 #include "orvs/frame.h"
 #include "transform/layouts.h"
 #include "transform/spec.h"
@@ -40,6 +41,14 @@ bool scales(const FftSpec<T>& spec)
     return (d == Direction::forward ? spec.scaleFwd : spec.scaleInv) != 0;
 }
 
+/// The same of any order; work may be null where the spec has no workSize.
+template <Direction d, class T, class Array>
+void transform_complex(const FftSpec<T>& spec, int order, Array src, Array dst, T* work)
+{
+    if (order < engine_order) tiny_kernels<d, Array>(scales<d>(spec))[order](src, dst, spec.factor);
+    else transform_with_tables<d>(spec, order, src, dst, work, scales<d>(spec));
+}
+
 /// What a transform works in: the caller's buffer, or, if there is none, memory for the time of the call.
 template <class T>
 class WorkMemory {
@@ -63,6 +72,21 @@ private:
     Orv8u *allocated_, *work_;
     bool is_missing_;
 };
+
+/// The checks of a transform in their order, its work memory, and f(spec, work). has_null says whether an array is
+/// missing.
+template <class Spec, class F>
+OrvStatus with_work(const Spec* spec, bool has_null, Orv8u* buffer, F f)
+{
+    using T = typename Spec::value;
+    if (!spec) return orvErrNullPointer;
+    if (spec->id != Spec::identifier) return orvErrWrongContext;
+    if (has_null) return orvErrNullPointer;
+    const WorkMemory<T> work(buffer, spec->workSize);
+    if (work.is_missing()) return orvErrNoMemory;
+    f(static_cast<const FftSpec<T>&>(*spec), work.values());
+    return orvOk;
+}
 
 } // namespace ORV_VARIANT
 

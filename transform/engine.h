@@ -64,25 +64,7 @@ struct FactorsInTable {
     }
 };
 
-/// The butterfly of part(0), part(1) and so on, which are computed as they are needed, for want of registers.
-template <Direction d, class C, class Part>
-ORV_INLINE void butterfly_of_parts(C (&x)[4], Part part)
-{
-    const C first = part(1), third = part(3), sum = first + third, difference = first - third;
-    const C second = part(2), own = part(0), a = own + second, b = own - second;
-    x[0] = a + sum, x[1] = plus_turned<d>(b, difference);
-    x[2] = a - sum, x[3] = minus_turned<d>(b, difference);
-}
-template <Direction d, class C, class Part>
-ORV_INLINE void butterfly_of_parts(C (&x)[8], Part part)
-{
-    C odd[4], even[4];
-    butterfly_of_parts<d>(odd, [=](int k) ORV_INLINE_LAMBDA { return part(2 * k + 1); });
-    butterfly_of_parts<d>(even, [=](int k) ORV_INLINE_LAMBDA { return part(2 * k); });
-    combine_halves<d>(even, odd, x);
-}
-
-/// The same of parts after their products with factors: from(m) is the part of offset m, factor(m) its factor.
+/// The butterfly of parts after their products with factors: from(m) is the part of offset m, factor(m) its factor.
 template <Direction d, std::size_t radix, class T, class From, class Factor>
 ORV_INLINE void butterfly_of_products(Complex<T> (&x)[radix], From from, Factor factor)
 {
@@ -221,7 +203,7 @@ void transform_by_passes(Source src, Target dst, int order, const T* factors, co
     const std::ptrdiff_t n = std::ptrdiff_t(1) << order;
     first_pass<d>(src, work, n, bit_reversed);
     if (order <= sweep_order<T>) {
-        const int last_levels = order % 2 == 0 ? 3 : 2;
+        const int last_levels = order % 2 == 0 ? 3 : 2; // what passes of radix 4 leave after the first pass
         factors = sweep<d>(work, order, first_pass_levels, order - last_levels, factors);
         if (last_levels == 2) {
             combine_parts<d, 4>(work, dst, n / 4, factors, scale);

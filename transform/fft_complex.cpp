@@ -1,27 +1,16 @@
 // Fast Fourier transforms of complex signals.
-#include "frame/checks.h"
 #include "transform/complex_transform.h"
 
 using namespace ORV_VARIANT;
 
 namespace {
 
-/// The checks and the transform. has_null says whether an array is missing, which is the last of the checks.
 template <Direction d, class Spec, class Array>
 OrvStatus transform(const Spec* spec, bool has_null, Array src, Array dst, Orv8u* buffer)
 {
-    using T = typename Spec::value;
-    if (!spec) return orvErrNullPointer;
-    if (spec->id != Spec::identifier) return orvErrWrongContext;
-    if (has_null) return orvErrNullPointer;
-    if (spec->order < engine_order) {
-        tiny_kernels<d, Array>(scales<d>(*spec))[spec->order](src, dst, spec->factor);
-        return orvOk;
-    }
-    const WorkMemory<T> work(buffer, spec->workSize);
-    if (work.is_missing()) return orvErrNoMemory;
-    transform_with_tables<d>(*spec, spec->order, src, dst, work.values(), scales<d>(*spec));
-    return orvOk;
+    return with_work(spec, has_null, buffer, [=](const auto& record, auto* work) {
+        transform_complex<d>(record, record.order, src, dst, work);
+    });
 }
 
 template <Direction d, class T, class Spec>

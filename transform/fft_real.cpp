@@ -1,5 +1,4 @@
 // Fast Fourier transforms of real signals: of half as many complex elements, and a recombination.
-#include "frame/checks.h"
 #include "transform/complex_transform.h"
 #include "transform/recombine.h"
 #include "transform/tiny_real.h"
@@ -39,11 +38,7 @@ void transform_tiny_real(const FftSpec<T>& spec, const T* src, T* dst)
 template <Direction d, class T>
 void transform_half(const FftSpec<T>& spec, const T* src, T* dst, T* work)
 {
-    using Array = InterleavedArray<T>;
-    const int order = spec.order - 1;
-    const Array from = interleaved<T>(src), to = interleaved<T>(dst);
-    if (order < engine_order) tiny_kernels<d, Array>(scales<d>(spec))[order](from, to, spec.factor);
-    else transform_with_tables<d>(spec, order, from, to, work, scales<d>(spec));
+    transform_complex<d>(spec, spec.order - 1, interleaved<T>(src), interleaved<T>(dst), work);
 }
 
 /// The sum and the difference of the two real values of the spectrum, which are no conjugates of others.
@@ -127,16 +122,10 @@ void ccs_to_perm(const T* src, T* dst, int n)
 
 /// The checks, the work memory, and f(spec, src, dst, work).
 template <class Spec, class T, class F>
-OrvStatus with_work(const T* src, T* dst, const Spec* spec, Orv8u* buffer, F f)
+OrvStatus with_arrays(const T* src, T* dst, const Spec* spec, Orv8u* buffer, F f)
 {
-    if (!spec) return orvErrNullPointer;
-    if (spec->id != Spec::identifier) return orvErrWrongContext;
-    if (any_null(src, dst)) return orvErrNullPointer;
-    const FftSpec<T>& record = *spec;
-    const WorkMemory<T> work(buffer, record.workSize);
-    if (work.is_missing()) return orvErrNoMemory;
-    f(record, src, dst, work.values());
-    return orvOk;
+    return with_work(spec, any_null(src, dst), buffer,
+                     [=](const FftSpec<T>& record, T* work) { f(record, src, dst, work); });
 }
 
 template <class T>
@@ -148,12 +137,12 @@ int length(const FftSpec<T>& spec)
 template <class Spec, class T>
 OrvStatus forward_to_perm(const T* src, T* dst, const Spec* spec, Orv8u* buffer)
 {
-    return with_work(src, dst, spec, buffer, transform_forward<T>);
+    return with_arrays(src, dst, spec, buffer, transform_forward<T>);
 }
 template <class Spec, class T>
 OrvStatus forward_to_pack(const T* src, T* dst, const Spec* spec, Orv8u* buffer)
 {
-    return with_work(src, dst, spec, buffer, [](const FftSpec<T>& record, const T* x, T* spectrum, T* work) {
+    return with_arrays(src, dst, spec, buffer, [](const FftSpec<T>& record, const T* x, T* spectrum, T* work) {
         transform_forward(record, x, spectrum, work);
         perm_to_pack(spectrum, length(record));
     });
@@ -161,7 +150,7 @@ OrvStatus forward_to_pack(const T* src, T* dst, const Spec* spec, Orv8u* buffer)
 template <class Spec, class T>
 OrvStatus forward_to_ccs(const T* src, T* dst, const Spec* spec, Orv8u* buffer)
 {
-    return with_work(src, dst, spec, buffer, [](const FftSpec<T>& record, const T* x, T* spectrum, T* work) {
+    return with_arrays(src, dst, spec, buffer, [](const FftSpec<T>& record, const T* x, T* spectrum, T* work) {
         transform_forward(record, x, spectrum, work);
         perm_to_ccs(spectrum, length(record));
     });
@@ -170,12 +159,12 @@ OrvStatus forward_to_ccs(const T* src, T* dst, const Spec* spec, Orv8u* buffer)
 template <class Spec, class T>
 OrvStatus inverse_from_perm(const T* src, T* dst, const Spec* spec, Orv8u* buffer)
 {
-    return with_work(src, dst, spec, buffer, transform_perm_back<T>);
+    return with_arrays(src, dst, spec, buffer, transform_perm_back<T>);
 }
 template <class Spec, class T>
 OrvStatus inverse_from_pack(const T* src, T* dst, const Spec* spec, Orv8u* buffer)
 {
-    return with_work(src, dst, spec, buffer, [](const FftSpec<T>& record, const T* spectrum, T* x, T* work) {
+    return with_arrays(src, dst, spec, buffer, [](const FftSpec<T>& record, const T* spectrum, T* x, T* work) {
         pack_to_perm(spectrum, x, length(record));
         transform_perm_back(record, x, x, work);
     });
@@ -183,7 +172,7 @@ OrvStatus inverse_from_pack(const T* src, T* dst, const Spec* spec, Orv8u* buffe
 template <class Spec, class T>
 OrvStatus inverse_from_ccs(const T* src, T* dst, const Spec* spec, Orv8u* buffer)
 {
-    return with_work(src, dst, spec, buffer, [](const FftSpec<T>& record, const T* spectrum, T* x, T* work) {
+    return with_arrays(src, dst, spec, buffer, [](const FftSpec<T>& record, const T* spectrum, T* x, T* work) {
         if (record.order < recombined_order) {
             ccs_to_perm(spectrum, x, length(record));
             transform_perm_back(record, x, x, work);

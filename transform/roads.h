@@ -12,8 +12,7 @@ enum class Direction { forward, inverse };
 template <class T>
 inline constexpr bool is_single = sizeof(T) == 4;
 
-// ---- Complex transforms: unrolled kernels below engine_order, the radix-4 engine below large_order, then the large
-// road
+// ---- Complex transforms: unrolled kernels below engine_order, the engine below large_order, then the large road
 
 inline constexpr int engine_order = 7;
 template <class T>

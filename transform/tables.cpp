@@ -1,7 +1,6 @@
 // Tables of factors and of bit-reversed numbers.
 #include "transform/tables.h"
 
-#include "frame/float_state.h"
 #include "transform/engine.h"
 #include "vmath/vmath.h"
 
@@ -49,7 +48,6 @@ private:
 template <class T>
 void build_sines(int order, T* table)
 {
-    const StandardState state;
     const std::ptrdiff_t quarter = length(order - 2), eighth = quarter / 2;
     const double step = 6.28318530717958647692528676655900577 / double(length(order));
     for (std::ptrdiff_t k = 0; k <= eighth; ++k) table[k] = T(step * double(k));

@@ -1,5 +1,5 @@
 // The tables of a spec. Each builder writes at a multiple of 64 and returns the first such address behind its table, so
-// that tables follow one another.
+// that tables follow one another. They round in the caller's floating-point state.
 #ifndef ORV_TRANSFORM_TABLES_H
 #define ORV_TRANSFORM_TABLES_H
 

@@ -31,26 +31,19 @@ ORV_INLINE constexpr int reversed_in(int i)
     else return (i & 1) * (n / 2) + reversed_in<n / 2>(i >> 1);
 }
 
-/// f of the real parts, then of the imaginary parts, as an array of vectors.
-template <class T, std::size_t n, class F>
-ORV_INLINE void for_each_part(Complex<T> (&x)[n], F f)
-{
-    vec<T> re[n], im[n];
-    repeat<n>([&](auto k) ORV_INLINE_LAMBDA { re[k] = x[k].re, im[k] = x[k].im; });
-    f(re);
-    f(im);
-    repeat<n>([&](auto k) ORV_INLINE_LAMBDA { x[k] = {re[k], im[k]}; });
-}
-
 /// Element k of the column in a lane is that of vector k; the columns come out with their elements in the order of
 /// passes.
 template <class T, std::size_t n>
 ORV_INLINE void transpose(Complex<T> (&x)[n])
 {
-    Complex<T> rows[n];
-    repeat<n>([&](auto k) ORV_INLINE_LAMBDA { rows[k] = x[element_of_lane<T>(k)]; });
-    for_each_part(rows, [](auto& part) ORV_INLINE_LAMBDA { transpose(part); });
-    repeat<n>([&](auto k) ORV_INLINE_LAMBDA { x[k] = rows[k]; });
+    vec<T> re[n], im[n];
+    repeat<n>([&](auto k) ORV_INLINE_LAMBDA {
+        const auto& from = x[element_of_lane<T>(k)];
+        re[k] = from.re, im[k] = from.im;
+    });
+    transpose(re);
+    transpose(im);
+    repeat<n>([&](auto k) ORV_INLINE_LAMBDA { x[k] = {re[k], im[k]}; });
 }
 /// Squares of pairs: four vectors of four, or two of two.
 ORV_INLINE void transpose(Pairs<Orv32f> (&x)[4])
