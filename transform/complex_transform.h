@@ -41,12 +41,30 @@ bool scales(const FftSpec<T>& spec)
     return (d == Direction::forward ? spec.scaleFwd : spec.scaleInv) != 0;
 }
 
+/// The same below engine_order, in one pass and without tables.
+template <Direction d, class T, class Array>
+ORV_INLINE void transform_short(const FftSpec<T>& spec, int order, Array src, Array dst)
+{
+    tiny_kernels<d, Array>(scales<d>(spec))[order](src, dst, spec.factor);
+}
+
 /// The same of any order; work may be null where the spec has no workSize.
 template <Direction d, class T, class Array>
 void transform_complex(const FftSpec<T>& spec, int order, Array src, Array dst, T* work)
 {
-    if (order < engine_order) tiny_kernels<d, Array>(scales<d>(spec))[order](src, dst, spec.factor);
+    if (order < engine_order) transform_short<d>(spec, order, src, dst);
     else transform_with_tables<d>(spec, order, src, dst, work, scales<d>(spec));
+}
+
+// ---- What every entry does
+
+/// The checks of a transform in their order. has_null says whether an array is missing.
+template <class Spec>
+ORV_INLINE OrvStatus check_transform(const Spec* spec, bool has_null)
+{
+    if (!spec) return orvErrNullPointer;
+    if (spec->id != Spec::identifier) return orvErrWrongContext;
+    return has_null ? orvErrNullPointer : orvOk;
 }
 
 /// What a transform works in: the caller's buffer, or, if there is none, memory for the time of the call.
@@ -73,18 +91,13 @@ private:
     bool is_missing_;
 };
 
-/// The checks of a transform in their order, its work memory, and f(spec, work). has_null says whether an array is
-/// missing.
-template <class Spec, class F>
-OrvStatus with_work(const Spec* spec, bool has_null, Orv8u* buffer, F f)
+/// f(spec, work).
+template <class T, class F>
+ORV_INLINE OrvStatus with_work(const FftSpec<T>& spec, Orv8u* buffer, F f)
 {
-    using T = typename Spec::value;
-    if (!spec) return orvErrNullPointer;
-    if (spec->id != Spec::identifier) return orvErrWrongContext;
-    if (has_null) return orvErrNullPointer;
-    const WorkMemory<T> work(buffer, spec->workSize);
+    const WorkMemory<T> work(buffer, spec.workSize);
     if (work.is_missing()) return orvErrNoMemory;
-    f(static_cast<const FftSpec<T>&>(*spec), work.values());
+    f(spec, work.values());
     return orvOk;
 }
 

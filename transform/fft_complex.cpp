@@ -8,8 +8,15 @@ namespace {
 template <Direction d, class Spec, class Array>
 OrvStatus transform(const Spec* spec, bool has_null, Array src, Array dst, Orv8u* buffer)
 {
-    return with_work(spec, has_null, buffer, [=](const auto& record, auto* work) {
-        transform_complex<d>(record, record.order, src, dst, work);
+    using T = typename Spec::value;
+    if (const OrvStatus bad = check_transform(spec, has_null)) return bad;
+    const FftSpec<T>& record = *spec;
+    if (record.order < engine_order) { // before all else: it takes little longer than a call
+        transform_short<d>(record, record.order, src, dst);
+        return orvOk;
+    }
+    return with_work(record, buffer, [=](const FftSpec<T>& on, T* work) {
+        transform_with_tables<d>(on, on.order, src, dst, work, scales<d>(on));
     });
 }
 

@@ -122,10 +122,11 @@ void ccs_to_perm(const T* src, T* dst, int n)
 
 /// The checks, the work memory, and f(spec, src, dst, work).
 template <class Spec, class T, class F>
-OrvStatus with_arrays(const T* src, T* dst, const Spec* spec, Orv8u* buffer, F f)
+ORV_INLINE OrvStatus with_arrays(const T* src, T* dst, const Spec* spec, Orv8u* buffer, F f)
 {
-    return with_work(spec, any_null(src, dst), buffer,
-                     [=](const FftSpec<T>& record, T* work) { f(record, src, dst, work); });
+    if (const OrvStatus bad = check_transform(spec, any_null(src, dst))) return bad;
+    const FftSpec<T>& record = *spec;
+    return with_work(record, buffer, [=](const FftSpec<T>& on, T* work) { f(on, src, dst, work); });
 }
 
 template <class T>
