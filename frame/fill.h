@@ -26,6 +26,18 @@ inline OrvStatus zero(T* dst, int len)
     return orvOk;
 }
 
+template <class T>
+inline void copy_array(const T* src, T* dst, std::size_t len)
+{
+    ownsCopy_8u(reinterpret_cast<const Orv8u*>(src), reinterpret_cast<Orv8u*>(dst), len * sizeof(T));
+}
+/// The same where the arrays may overlap.
+template <class T>
+inline void move_array(const T* src, T* dst, std::size_t len)
+{
+    ownsMove_8u(reinterpret_cast<const Orv8u*>(src), reinterpret_cast<Orv8u*>(dst), len * sizeof(T));
+}
+
 } // namespace ORV_VARIANT
 
 #endif

@@ -5,6 +5,7 @@
 #ifndef ORV_FRAME_TEAM_H
 #define ORV_FRAME_TEAM_H
 
+#include "frame/float_state.h"
 #include "orvs/core.h"
 #include "simd/vec.h"
 
@@ -35,30 +36,53 @@ namespace ORV_VARIANT {
 /// The source position that OpenMP tools show for a region; 2 marks the compiler-call form of the entry points.
 inline constexpr ident_t team_source = {0, 2, 0, 0, ";orvs;team;0;0;;"};
 
-/// What the threads of one region share. The master finds out how many there are and cuts the vector; the last slice
-/// takes the rest. The counter only tells zero from not zero, so an increment lost between two threads does no harm.
-template <class Kernel>
+/// What the threads of one region share. The master finds out how many there are; all of them compute in the caller's
+/// floating-point state.
+template <class Share>
 struct Region {
-    const Kernel* kernel;
-    int len;
-    int threads, chunk, rest;
-    int warnings;
+    const Share* share;
+    int threads;
+    Orv32u control_word;
 
     static void run(Orv32s* global_thread, Orv32s*, Region* region)
     {
         if (__kmpc_master(&team_source, *global_thread)) {
             region->threads = omp_get_num_threads();
-            region->chunk = region->len / region->threads;
-            region->rest = region->len % region->threads;
             __kmpc_end_master(&team_source, *global_thread);
         }
         __kmpc_barrier(&team_source, *global_thread);
 
-        const int me = omp_get_thread_num();
-        const int count = region->chunk + (me == region->threads - 1 ? region->rest : 0);
-        if ((*region->kernel)(me * region->chunk, count)) {
-            __atomic_fetch_add(&region->warnings, 1, __ATOMIC_RELAXED);
-        }
+        const Orv32u own = read_control_word();
+        if (own != region->control_word) write_control_word(region->control_word);
+        (*region->share)(omp_get_thread_num(), region->threads);
+        if (own != region->control_word) write_control_word(own);
+    }
+};
+
+/// Runs share(me, threads) on each thread of a team of at most `wanted`, and returns when all are done.
+template <class Share>
+void on_threads(int wanted, const Share& share)
+{
+    Region<Share> region = {&share, 0, read_control_word()};
+    Orv32s global_thread = __kmpc_global_thread_num(&team_source);
+    if (__kmpc_ok_to_fork(&team_source)) {
+        __kmpc_push_num_threads(&team_source, global_thread, wanted);
+        __kmpc_fork_call(&team_source, 1, reinterpret_cast<kmpc_micro>(&Region<Share>::run), &region);
+    } else {
+        Orv32s bound_thread = 0;
+        __kmpc_serialized_parallel(&team_source, global_thread);
+        Region<Share>::run(&global_thread, &bound_thread, &region);
+        __kmpc_end_serialized_parallel(&team_source, global_thread);
+    }
+}
+
+/// The slice of [0, len) that a thread takes; the last one takes the rest.
+struct Slice {
+    int first, count;
+
+    Slice(int len, int me, int threads)
+        : first(me * (len / threads)), count(len / threads + (me == threads - 1 ? len % threads : 0))
+    {
     }
 };
 
@@ -75,18 +99,12 @@ template <class Kernel>
     int team = ownGetNumThreads();
     if (size == TeamSize::two && team > 2) team = 2;
 
-    Region<Kernel> region = {&kernel, len, 0, 0, 0, 0};
-    Orv32s global_thread = __kmpc_global_thread_num(&team_source);
-    if (__kmpc_ok_to_fork(&team_source)) {
-        __kmpc_push_num_threads(&team_source, global_thread, team);
-        __kmpc_fork_call(&team_source, 1, reinterpret_cast<kmpc_micro>(&Region<Kernel>::run), &region);
-    } else {
-        Orv32s bound_thread = 0;
-        __kmpc_serialized_parallel(&team_source, global_thread);
-        Region<Kernel>::run(&global_thread, &bound_thread, &region);
-        __kmpc_end_serialized_parallel(&team_source, global_thread);
-    }
-    return region.warnings;
+    int warnings = 0; // tells zero from not zero only
+    on_threads(team, [&](int me, int threads) {
+        const Slice slice(len, me, threads);
+        if (kernel(slice.first, slice.count)) __atomic_fetch_add(&warnings, 1, __ATOMIC_RELAXED);
+    });
+    return warnings;
 }
 
 } // namespace ORV_VARIANT

@@ -191,12 +191,18 @@ ORV_INLINE vec<T, N> load(const T* p)
 }
 
 /// v, held in a register from here on. Of a vector that is used more than once the compiler thinks that reading it
-/// again costs nothing; where loads set the pace, it does. With the eight registers of 32-bit code it is right.
+/// again costs nothing; where loads set the pace, it does.
+template <class T>
+ORV_INLINE vec<T> held(vec<T> v)
+{
+    __asm__("" : "+x"(v.r));
+    return v;
+}
+/// The same where 32-bit code, with its eight registers, does better to read again.
 template <class T>
 ORV_INLINE vec<T> in_register(vec<T> v)
 {
-    if constexpr (sizeof(void*) == 8) __asm__("" : "+x"(v.r));
-    return v;
+    return sizeof(void*) == 8 ? held(v) : v;
 }
 
 template <class T>
@@ -654,6 +660,9 @@ struct even_odd {
 
 /// a * b * 2^-15 to nearest, halves up.
 ORV_INLINE vec<Orv16s> multiply_q15(vec<Orv16s> a, vec<Orv16s> b) { return {_mm256_mulhrs_epi16(a.r, b.r)}; }
+
+/// a[2k] * b[2k] + a[2k+1] * b[2k+1], which wraps only where all four are -2^15.
+ORV_INLINE vec<Orv32s> multiply_add_pairs(vec<Orv16s> a, vec<Orv16s> b) { return {_mm256_madd_epi16(a.r, b.r)}; }
 
 /// a * b of eight 16-bit values.
 ORV_INLINE vec<Orv32s> multiply_wide(vec<Orv16s, 8> a, vec<Orv16s, 8> b)

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <deque>
 #include <gtest/gtest.h>
+#include <immintrin.h>
 #include <mutex>
 #include <numeric>
 #include <string>
@@ -204,6 +205,26 @@ TEST(OnTeam, results_of_all_slices_are_there_when_it_returns)
         std::vector<int> want(elements.size());
         std::iota(want.begin(), want.end(), 1);
         ASSERT_EQ(elements, want);
+    }
+}
+
+TEST(OnTeam, slices_compute_in_the_state_of_the_caller)
+{
+    constexpr unsigned flags = 0x3f, toward_zero_and_flush = 0xe040;
+    const unsigned own = _mm_getcsr();
+    pretend_threads({4});
+    for (const unsigned word : {own | toward_zero_and_flush, own}) {
+        std::mutex mutex;
+        std::vector<unsigned> seen;
+        _mm_setcsr(word);
+        on_team(TeamSize::all, 1000, [&](int, int) {
+            const std::scoped_lock lock(mutex);
+            seen.push_back(_mm_getcsr() & ~flags);
+            return 0;
+        });
+        EXPECT_EQ(_mm_getcsr() & ~flags, word & ~flags);
+        _mm_setcsr(own);
+        EXPECT_EQ(seen, std::vector<unsigned>(4, word & ~flags));
     }
 }
 
