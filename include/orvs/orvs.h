@@ -5,6 +5,7 @@
 #include "orvs/arith.h"
 #include "orvs/convert.h"
 #include "orvs/core.h"
+#include "orvs/fir.h"
 #include "orvs/frame.h"
 #include "orvs/transform.h"
 #include "orvs/types.h"
