@@ -6,8 +6,11 @@
 #pragma once
 
 #include "tests/arith/calls.h"
+#include "tests/support/threads.h"
 
+#include <algorithm>
 #include <atomic>
+#include <climits>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -20,8 +23,9 @@ Function* of_runtime(const char* name)
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
-inline std::atomic<int> teams = 0;     ///< asked for since it was last set to 0
-inline std::atomic<int> team_size = 0; ///< of the last one
+inline std::atomic<int> teams = 0;         ///< asked for since it was last set to 0
+inline std::atomic<int> team_size = 0;     ///< of the last one
+inline std::atomic<int> granted = INT_MAX; ///< threads of a team at most, however many are asked for
 
 } // namespace orvtest
 
@@ -31,22 +35,11 @@ void __kmpc_push_num_threads(const void* source, Orv32s thread, Orv32s count)
 {
     ++orvtest::teams;
     orvtest::team_size = count;
-    orvtest::of_runtime<decltype(__kmpc_push_num_threads)>("__kmpc_push_num_threads")(source, thread, count);
+    orvtest::of_runtime<decltype(__kmpc_push_num_threads)>("__kmpc_push_num_threads")(
+        source, thread, std::min(count, orvtest::granted.load()));
 }
 
 namespace orvtest {
-
-/// While it lives, the library may use so many threads.
-class Threads {
-public:
-    explicit Threads(int count) : before_(orvGetNumThreads()) { EXPECT_EQ(orvSetNumThreads(count), orvOk); }
-    ~Threads() { orvSetNumThreads(before_); }
-    Threads(const Threads&) = delete;
-    Threads& operator=(const Threads&) = delete;
-
-private:
-    int before_;
-};
 
 inline constexpr std::size_t longest = 100003;
 

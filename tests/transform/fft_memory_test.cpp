@@ -1,70 +1,15 @@
 // Who allocates and releases memory for a fast Fourier transform, and that a refusal of memory does no harm.
-//
-// The functions of the core library that do so are defined here. A program's own definitions come first, so that the
-// library's calls end here. Blocks lie against unreadable pages and stay readable when they are released.
-#include "orvs/core.h"
-
+#include "tests/support/allocator.h"
 #include "tests/support/compare.h"
 #include "tests/transform/fft.h"
 #include "tests/transform/signals.h"
 
 #include <array>
-#include <map>
-#include <memory>
-
-namespace {
-
-struct Allocator {
-    int allocations = 0, releases = 0;
-    int refused = -1; ///< the number of the allocation that fails
-    std::map<void*, std::unique_ptr<orvtest::GuardedBlock>> blocks, released;
-};
-
-Allocator& allocator()
-{
-    static Allocator only;
-    return only;
-}
-
-} // namespace
-
-void* orvMalloc(int size)
-{
-    Allocator& all = allocator();
-    if (all.allocations++ == all.refused || size < 1) return nullptr;
-    const std::size_t bytes = (static_cast<std::size_t>(size) + 63) / 64 * 64;
-    auto block = std::make_unique<orvtest::GuardedBlock>(bytes);
-    void* address = block->place(bytes, orvtest::before_guard);
-    all.blocks[address] = std::move(block);
-    return address;
-}
-
-void orvFree(void* address)
-{
-    if (!address) return;
-    Allocator& all = allocator();
-    ++all.releases;
-    const auto block = all.blocks.find(address);
-    if (block == all.blocks.end()) {
-        ADD_FAILURE() << "a block is released that was not allocated";
-        return;
-    }
-    EXPECT_EQ(block->second->damage(), "");
-    all.released[address] = std::move(block->second);
-    all.blocks.erase(block);
-}
 
 namespace orvtest {
 namespace {
 
 constexpr int orders[] = {0, 4, 5, 6, 7, 8, 10, 11, 13, 18, 19, 20};
-
-/// Begins to count anew.
-void forget()
-{
-    EXPECT_TRUE(allocator().blocks.empty()) << "a block was not released";
-    allocator() = Allocator();
-}
 
 /// One for the spec, and one for scratch if it is needed.
 template <class Spec>
