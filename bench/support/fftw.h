@@ -33,6 +33,8 @@ struct Fftw<float> : FftwSigns {
     static constexpr auto plan_dft_c2r_1d = fftwf_plan_dft_c2r_1d;
     static constexpr auto plan_guru_split_dft = fftwf_plan_guru_split_dft;
     static constexpr auto execute = fftwf_execute;
+    static constexpr auto malloc = fftwf_malloc;
+    static constexpr auto free = fftwf_free;
     static constexpr auto destroy_plan = fftwf_destroy_plan;
     static constexpr auto forget_wisdom = fftwf_forget_wisdom;
     static fftwf_complex* complex(float* p) { return reinterpret_cast<fftwf_complex*>(p); }
@@ -46,6 +48,8 @@ struct Fftw<double> : FftwSigns {
     static constexpr auto plan_dft_c2r_1d = fftw_plan_dft_c2r_1d;
     static constexpr auto plan_guru_split_dft = fftw_plan_guru_split_dft;
     static constexpr auto execute = fftw_execute;
+    static constexpr auto malloc = fftw_malloc;
+    static constexpr auto free = fftw_free;
     static constexpr auto destroy_plan = fftw_destroy_plan;
     static constexpr auto forget_wisdom = fftw_forget_wisdom;
     static fftw_complex* complex(double* p) { return reinterpret_cast<fftw_complex*>(p); }

@@ -44,6 +44,10 @@ std::size_t largest_cache();
 void multiply_add_32f(double operations);
 void multiply_add_64f(double operations);
 
+/// The same in 256-bit pairwise multiply-adds of 16-bit numbers: an instruction is 16 products, which it adds two by
+/// two, and counts as 32 operations. The additions of the pairs to sums come for nothing.
+void multiply_add_16s(double operations);
+
 } // namespace bench
 
 #endif

@@ -38,13 +38,15 @@ void Row::limit_operations(double n)
 {
     const double timed = std::max(n, 1e5); // a few alone would take the time in which the chains start and end
     if constexpr (std::is_same_v<T, float>) add("limit_operations", [=] { multiply_add_32f(timed); });
-    else add("limit_operations", [=] { multiply_add_64f(timed); });
+    else if constexpr (std::is_same_v<T, double>) add("limit_operations", [=] { multiply_add_64f(timed); });
+    else add("limit_operations", [=] { multiply_add_16s(timed); });
     entries.back().share = n / timed;
     operations = n;
 }
 
 template void Row::limit_operations<float>(double);
 template void Row::limit_operations<double>(double);
+template void Row::limit_operations<Orv16s>(double);
 
 // On a shared machine every disturbance adds time, and none takes time away, so the least of many short blocks is the
 // best estimate of what the code costs. Entries take turns block by block: a slow second of the machine then hits all

@@ -62,7 +62,7 @@ public:
     void limit_resized(const void* src, std::size_t src_bytes, void* dst, std::size_t dst_bytes);
 
     /// Nobody is faster than the multipliers: the time of that many floating operations, two for a multiply-add.
-    /// With both limits, the longer time counts. T is float or double. The table then shows the rate of ours.
+    /// With both limits, the longer time counts. T is float, double or Orv16s. The table then shows the rate of ours.
     template <class T>
     void limit_operations(double operations);
 
