@@ -3,7 +3,10 @@
  *
  *     OrvsFIRState* filter;
  *     orvsFIRInitAlloc_32f(&filter, taps, 101, 0);          // 0: the stream begins in silence
- *     while (read_block(block, 512)) orvsFIR_32f_I(block, 512, filter);
+ *     while (read_block(in, 512)) {
+ *         orvsFIR_32f(in, out, 512, filter);
+ *         write_block(out, 512);
+ *     }
  *     orvsFIRFree_32f(filter);
  *
  * Every function here computes, with T = tapsLen,
