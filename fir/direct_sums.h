@@ -34,7 +34,7 @@ struct FloatingSum {
     {
         T sums[4] = {};
         const auto term = [=](int j, T sum) ORV_INLINE_LAMBDA {
-            return multiply_add(value_at(taps + (tapsLen - 1 - j)), as_value<T>(value_at(window + j)), sum);
+            return multiply_add(element_at(taps + (tapsLen - 1 - j)), as_value<T>(element_at(window + j)), sum);
         };
         int j = 0;
         for (; j + 4 <= tapsLen; j += 4) {
@@ -63,7 +63,7 @@ struct DoubleSum {
         store(sums + 4, high);
         repeat<7>([&](auto k) ORV_INLINE_LAMBDA {
             if (j + k < tapsLen) {
-                const Orv32f product = value_at(taps + (tapsLen - 1 - j - k)) * value_at(window + j + k);
+                const Orv32f product = element_at(taps + (tapsLen - 1 - j - k)) * element_at(window + j + k);
                 sums[k] += Orv64f(product);
             }
         });
@@ -78,7 +78,7 @@ struct IntegerSum {
     {
         Orv32u sum = 0;
         for (int j = 0; j < tapsLen; ++j) {
-            sum += Orv32u(value_at(taps + (tapsLen - 1 - j))) * Orv32u(value_at(window + j));
+            sum += Orv32u(element_at(taps + (tapsLen - 1 - j))) * Orv32u(element_at(window + j));
         }
         return Orv32s(sum);
     }
@@ -86,8 +86,8 @@ struct IntegerSum {
     {
         Orv32u re = 0, im = 0;
         for (int j = 0; j < tapsLen; ++j) {
-            const Orv32sc tap = value_at(taps + (tapsLen - 1 - j));
-            const Orv16sc x = value_at(window + j);
+            const Orv32sc tap = element_at(taps + (tapsLen - 1 - j));
+            const Orv16sc x = element_at(window + j);
             re += Orv32u(tap.re) * Orv32u(x.re) - Orv32u(tap.im) * Orv32u(x.im);
             im += Orv32u(tap.re) * Orv32u(x.im) + Orv32u(tap.im) * Orv32u(x.re);
         }

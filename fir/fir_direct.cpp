@@ -54,7 +54,7 @@ void filter_by_samples(Sum sum, const Taps* taps, const Sample* src, Sample* dst
     for (int at = 0; at < len; at += most) {
         const int n = len - at < most ? len - at : most;
         const int first = through_ring - at < n ? std::max(through_ring - at, 0) : n;
-        for (int i = 0; i < first; ++i) outputs[i] = sum(taps, ring.push(value_at(src + at + i)), ring.tapsLen);
+        for (int i = 0; i < first; ++i) outputs[i] = sum(taps, ring.push(element_at(src + at + i)), ring.tapsLen);
         sum_within(sum, taps, ring.tapsLen, src + at + first, outputs + first, n - first);
         finish(outputs, dst + at, n);
     }
@@ -75,7 +75,7 @@ struct Shifted {
     template <class Sums, class Sample>
     void operator()(const Sums* sums, Sample* dst, int count) const
     {
-        for (int i = 0; i < count; ++i) put_value(dst + i, shift(sums[i]));
+        for (int i = 0; i < count; ++i) put_element(dst + i, shift(sums[i]));
     }
 };
 
@@ -104,7 +104,7 @@ OrvStatus filter_sample_in_place(Sum sum, Finish finish, Sample* srcDst, const T
                                  int* dlyIndex)
 {
     if (any_null(srcDst)) return orvErrNullPointer;
-    return filter_sample(sum, finish, value_at(srcDst), srcDst, taps, tapsLen, dlyLine, dlyIndex);
+    return filter_sample(sum, finish, element_at(srcDst), srcDst, taps, tapsLen, dlyLine, dlyIndex);
 }
 
 // ---- A record for the time of a call
@@ -235,7 +235,7 @@ OrvStatus filter_sample_q15(Orv16s src, Orv16s* dst, const Orv16s* taps, int tap
     if (is_outside(*dlyIndex, tapsLen)) return orvErrBadDelayIndex;
     const SumShift shift(-int((Orv32u(scale) + 15) % 32));
     const Orv32s sum = IntegerSum()(taps, Ring<Orv16s>{dlyLine, dlyIndex, tapsLen}.push(src), tapsLen);
-    put_value(dst, shift(sum));
+    put_element(dst, shift(sum));
     return orvOk;
 }
 
@@ -542,7 +542,7 @@ OrvStatus orvsFIROne_Direct_16s_ISfs(Orv16s* srcDst, const Orv16s* taps, int tap
                                      int scale)
 {
     if (any_null(srcDst)) return orvErrNullPointer;
-    return filter_sample_q15(value_at(srcDst), srcDst, taps, tapsLen, dlyLine, dlyIndex, scale);
+    return filter_sample_q15(element_at(srcDst), srcDst, taps, tapsLen, dlyLine, dlyIndex, scale);
 }
 OrvStatus orvsFIROne32s_Direct_16s_ISfs(Orv16s* srcDst, const Orv32s* taps, int tapsLen, int tapsFactor,
                                         Orv16s* dlyLine, int* dlyIndex, int scale)

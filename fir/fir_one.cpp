@@ -32,7 +32,7 @@ ORV_INLINE OrvStatus filter_one(Sample src, Sample* dst, OrvsFIRState* state, in
     else to_compute(&src, &input, 1);
     const T* const window = push(*s, input);
     const T output = window_sum(s->tapsTable, window, s->tapsLen, input);
-    if constexpr (std::is_same_v<Sample, T>) poke(reinterpret_cast<char*>(dst), output);
+    if constexpr (std::is_same_v<Sample, T>) put_element(dst, output);
     else from_compute(&output, dst, 1, scale);
     return orvOk;
 }
@@ -45,7 +45,7 @@ ORV_INLINE OrvStatus filter_one(Sample src, Sample* dst, OrvsFIRState32s* state,
     if (!s) return orvErrWrongContext;
     const Sample* const window = push(*s, src);
     const auto sum = window_sum(s->tapsTable, window, s->tapsLen, src);
-    poke(reinterpret_cast<char*>(dst), SumShift(s->tapsFactor, scale)(sum));
+    put_element(dst, SumShift(s->tapsFactor, scale)(sum));
     return orvOk;
 }
 

@@ -2,6 +2,7 @@
 #include "fir/integer_engine.h"
 #include "fir/taps.h"
 #include "frame/checks.h"
+#include "simd/float.h"
 
 using namespace ORV_VARIANT;
 
@@ -67,7 +68,7 @@ OrvStatus get_scaled_taps_of(const OrvsFIRState32s* state, typename Form::Taps* 
     if (any_null(state, taps)) return orvErrNullPointer;
     const auto* const s = record_of<Form>(state);
     if (!s) return orvErrWrongContext;
-    const Orv32f factor = power_from_bits(-s->tapsFactor);
+    const Orv32f factor = power_of_two<Orv32f>(s->tapsFactor);
     copy_taps<Form>(*s, taps, [=](Orv16s tap) { return Orv32f(tap) * factor; });
     return orvOk;
 }

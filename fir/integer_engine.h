@@ -90,9 +90,6 @@ inline int store_taps(const Orv32f* taps, Orv16s* stored, int count)
     return power;
 }
 
-/// A power of two as a float, in the range of what filters hold as theirs; beyond it the exponent wraps.
-ORV_INLINE Orv32f power_from_bits(int exponent) { return __builtin_bit_cast(Orv32f, Orv32u(exponent + 127) << 23); }
-
 // ---- Tables
 
 inline Orv32s pair_of(int low, int high) { return Orv32s(Orv32u(Orv16u(high)) << 16 | Orv16u(low)); }

@@ -10,18 +10,6 @@
 
 namespace ORV_VARIANT {
 
-/// A value in an array at any alignment, complex or not.
-template <class T>
-ORV_INLINE T value_at(const T* p)
-{
-    return peek<T>(reinterpret_cast<const char*>(p));
-}
-template <class T>
-ORV_INLINE void put_value(T* p, T value)
-{
-    poke(reinterpret_cast<char*>(p), value);
-}
-
 template <class T>
 struct Ring {
     T* line;
@@ -31,8 +19,8 @@ struct Ring {
     /// The window, oldest first, that ends with the new sample.
     ORV_INLINE const T* push(T sample) const
     {
-        put_value(line + *index, sample);
-        put_value(line + *index + tapsLen, sample);
+        put_element(line + *index, sample);
+        put_element(line + *index + tapsLen, sample);
         *index = *index + 1 < tapsLen ? *index + 1 : 0;
         return line + *index;
     }
@@ -42,7 +30,7 @@ struct Ring {
     {
         const int last = len < tapsLen ? len : tapsLen;
         *index = int((Orv64s(*index) + (len - last)) % tapsLen);
-        for (int i = len - last; i < len; ++i) push(value_at(src + i));
+        for (int i = len - last; i < len; ++i) push(element_at(src + i));
     }
 
     T* window() const { return line + *index; }
