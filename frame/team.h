@@ -82,8 +82,7 @@ struct Slice {
 
     Slice(int len, int me, int threads)
         : first(me * (len / threads)), count(len / threads + (me == threads - 1 ? len % threads : 0))
-    {
-    }
+    {}
 };
 
 /// How many threads a wrapper asks for: at most two in the element-wise families.
