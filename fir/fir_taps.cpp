@@ -43,7 +43,7 @@ void copy_taps(const typename Form::Record& s, typename Form::Taps* taps, Conver
 {
     auto* const to = values(taps);
     const auto* const from = values(s.tapsTable);
-    constexpr int unit = sizeof(typename Form::Sample) / sizeof(Orv16s);
+    constexpr int unit = values_of<typename Form::Sample>;
     for (int k = 0; k < s.tapsLen; ++k) {
         for (int part = 0; part < unit; ++part) {
             put_element(to + k * unit + part, convert(from[(s.tapsLen - 1 - k) * unit + part]));

@@ -36,7 +36,11 @@ const typename Form::Record* record_of(const OrvsFIRState32s* state)
     return state->id == Form::id ? static_cast<const typename Form::Record*>(state) : nullptr;
 }
 
-/// Samples and taps, real or complex, as an array of values.
+/// Values of an element, real or complex.
+template <class T>
+inline constexpr int values_of = std::is_class_v<T> ? 2 : 1;
+
+/// Samples and taps as an array of values.
 template <class T>
 ORV_INLINE auto values(T* elements)
 {
@@ -115,8 +119,7 @@ inline void build_lane_table(const Orv16sc* tapsRev, int tapsLen, Orv32s* table)
 template <class T, class Taps>
 void set_taps(FirState32s<T>& s, const Taps* taps, int tapsFactor)
 {
-    constexpr int parts_of_tap = sizeof(T) / sizeof(Orv16s);
-    const int power = store_taps(values(taps), values(s.tapsTable), s.tapsLen * parts_of_tap);
+    const int power = store_taps(values(taps), values(s.tapsTable), s.tapsLen * values_of<T>);
     s.tapsFactor = Orv32s(Orv32u(tapsFactor) + Orv32u(power));
     reverse(s.tapsTable, s.tapsLen);
     build_lane_table(s.tapsTable, s.tapsLen, s.laneTable);
