@@ -31,6 +31,9 @@ private:
     Orv8u* at_;
 };
 
+/// What transforms begin at: threads that share one would wait for each other.
+inline constexpr int cache_line = 64;
+
 /// A spec in memory of the caller's block, or, without, allocated.
 template <class T>
 void open_transform(FirTransform<T>& transform, const FftNeeds& fft, Orv8u* specMem, Orv8u* initBuf)
@@ -49,13 +52,13 @@ void open_transforms(FirState<T>& s, Cutter& rest, const FftNeeds& fft)
     if (fft.len == 0) return;
     const auto take_spec = [&](int bytes) { return s.allocated ? nullptr : rest.take<Orv8u>(std::size_t(bytes), 1); };
 
-    s.whole.fftTaps = rest.take<T>(std::size_t(fft.len), 32);
+    s.whole.fftTaps = rest.take<T>(std::size_t(fft.len), cache_line);
     Orv8u *const specMem = take_spec(fft.spec), *const initBuf = take_spec(fft.init);
     open_transform(s.whole, fft, specMem, initBuf);
 
     const FftNeeds half = half_needs<T>(fft, s.tapsLen);
     if (s.whole.fftLen <= 0 || half.len == 0) return;
-    s.half.fftTaps = rest.take<T>(std::size_t(half.len), 32);
+    s.half.fftTaps = rest.take<T>(std::size_t(half.len), cache_line);
     open_transform(s.half, half, take_spec(half.spec), initBuf);
 }
 
@@ -81,7 +84,7 @@ FirState<T>& lay_out(Orv8u* block, Orv32u id, int tapsLen, const FftNeeds& fft, 
     s.allocated = allocated;
     s.threads = threads;
     s.threadStatus = rest.take<Orv32s>(teams, 4);
-    s.fftData = rest.take<T>(std::size_t(fft.len) * teams, 32);
+    s.fftData = rest.take<T>(std::size_t(fft.len) * teams, cache_line);
     s.fftWorkSize = fft.work;
     s.fftWork = rest.take<Orv8u>(std::size_t(fft.work) * teams, 1);
     s.whole = s.half = {-1, nullptr, nullptr};

@@ -39,17 +39,18 @@ OrvStatus save_block(const FirState<T>& s, const Sample* src, Sample* dst, int l
     return status;
 }
 
-/// dst is not src. Thread t takes the blocks t, t + threads, ...; the worst status counts.
+/// dst is not src. Each thread takes neighbouring blocks: they share cache lines of dst. The worst status counts.
 template <class T, class Sample>
 OrvStatus overlap_save(FirState<T>& s, const Sample* src, Sample* dst, int len, int scale)
 {
-    const int step = s.whole.fftLen - (s.tapsLen - 1);
+    const int step = s.whole.fftLen - (s.tapsLen - 1), blocks = (len - 1) / step + 1;
     const auto share = [&](int me, int threads) {
+        T* const data = s.fftData + std::ptrdiff_t(me) * s.whole.fftLen;
+        Orv8u* const work = s.fftWork + std::ptrdiff_t(me) * s.fftWorkSize;
+        const Slice slice(blocks, me, threads);
         OrvStatus worst = orvOk;
-        for (Orv64s at = Orv64s(me) * step; at < len; at += Orv64s(threads) * step) {
-            const OrvStatus status =
-                save_block(s, src, dst, len, scale, int(at), s.fftData + std::ptrdiff_t(me) * s.whole.fftLen,
-                           s.fftWork + std::ptrdiff_t(me) * s.fftWorkSize);
+        for (int block = slice.first; block < slice.first + slice.count; ++block) {
+            const OrvStatus status = save_block(s, src, dst, len, scale, block * step, data, work);
             if (status < worst) worst = status;
         }
         s.threadStatus[me] = worst;
