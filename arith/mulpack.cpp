@@ -21,9 +21,6 @@ Layout pack_layout(int len) { return {len % 2 == 0 ? len - 1 : 0, 1, (len - 1) /
 Layout perm_layout(int len) { return len % 2 == 0 ? Layout{1, 2, (len - 1) / 2} : Layout{0, 1, (len - 1) / 2}; }
 
 template <class T>
-using complex_of = std::conditional_t<sizeof(T) == 2, Orv16sc, std::conditional_t<sizeof(T) == 4, Orv32fc, Orv64fc>>;
-
-template <class T>
 auto* complex_values(T* spectrum, const Layout& layout)
 {
     using Complex = complex_of<std::remove_const_t<T>>;

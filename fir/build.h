@@ -8,6 +8,7 @@
 #include "fir/direct_road.h"
 #include "fir/sizes.h"
 #include "fir/taps.h"
+#include "frame/alignment.h"
 #include "orvs/frame.h"
 
 namespace ORV_VARIANT {
@@ -21,9 +22,8 @@ public:
     template <class T>
     T* take(std::size_t len, int alignment)
     {
-        at_ += (0 - reinterpret_cast<std::size_t>(at_)) & std::size_t(alignment - 1);
-        Orv8u* const taken = at_;
-        at_ += len * sizeof(T);
+        Orv8u* const taken = aligned_up(at_, std::size_t(alignment));
+        at_ = taken + len * sizeof(T);
         return reinterpret_cast<T*>(taken);
     }
 

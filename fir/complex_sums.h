@@ -10,13 +10,6 @@
 
 namespace ORV_VARIANT {
 
-/// a + i * b, of complex values.
-template <class T>
-ORV_INLINE vec<T> add_turned(vec<T> a, vec<T> b)
-{
-    return fma_subtract_add(a, splat(T(1)), swap_pairs(b));
-}
-
 /// Samples of another type are converted as they are loaded.
 template <class C, class Sample = C>
 struct ComplexSums {
@@ -42,7 +35,7 @@ struct ComplexSums {
             });
         }
         repeat<vectors>([&](auto i)
-                            ORV_INLINE_LAMBDA { store(parts(dst + i * lanes), add_turned(by_re[i], by_im[i])); });
+                            ORV_INLINE_LAMBDA { store(parts(dst + i * lanes), plus_i_times(by_re[i], by_im[i])); });
     }
 };
 

@@ -34,7 +34,7 @@ struct FloatingSum {
     {
         T sums[4] = {};
         const auto term = [=](int j, T sum) ORV_INLINE_LAMBDA {
-            return multiply_add(element_at(taps + (tapsLen - 1 - j)), as_value<T>(element_at(window + j)), sum);
+            return fma(element_at(taps + (tapsLen - 1 - j)), as_value<T>(element_at(window + j)), sum);
         };
         int j = 0;
         for (; j + 4 <= tapsLen; j += 4) {

@@ -4,36 +4,15 @@
 #define ORV_FIR_DOT_H
 
 #include "fir/complex_sums.h"
-#include "simd/lanes.h"
-#include "simd/vec.h"
+#include "frame/reduce.h"
 
 namespace ORV_VARIANT {
 
-/// a * b + c, rounded once.
-ORV_INLINE Orv32f multiply_add(Orv32f a, Orv32f b, Orv32f c) { return __builtin_fmaf(a, b, c); }
-ORV_INLINE Orv64f multiply_add(Orv64f a, Orv64f b, Orv64f c) { return __builtin_fma(a, b, c); }
+/// a * b + c; each part takes two products, rounded once each.
 template <class C>
-ORV_INLINE C multiply_add(C a, C b, C c)
+requires std::is_class_v<C> ORV_INLINE C fma(C a, C b, C c)
 {
-    return {multiply_add(-a.im, b.im, multiply_add(a.re, b.re, c.re)),
-            multiply_add(a.im, b.re, multiply_add(a.re, b.im, c.im))};
-}
-
-/// The sum of all real lanes, and of all complex ones.
-template <class T>
-ORV_INLINE T sum_of(vec<T> v, T)
-{
-    v = v + swap_halves(v);
-    if constexpr (sizeof(T) == 4) v = v + as<T>(swap_pairs(as<Orv64f>(v)));
-    v = v + swap_pairs(v);
-    return v.r[0];
-}
-template <class T, class C>
-ORV_INLINE C sum_of(vec<T> v, C)
-{
-    v = v + swap_halves(v);
-    if constexpr (sizeof(T) == 4) v = v + as<T>(swap_pairs(as<Orv64f>(v)));
-    return {v.r[0], v.r[1]};
+    return {fma(-a.im, b.im, fma(a.re, b.re, c.re)), fma(a.im, b.re, fma(a.re, b.im, c.im))};
 }
 
 /// What a vector of products adds to two sums, and how these come together.
@@ -47,7 +26,7 @@ struct ProductSums {
         auto& sum = to_odd ? odd : even;
         sum = fma(load(a), load(b), sum);
     }
-    ORV_INLINE T total() const { return sum_of(even + odd, T()); }
+    ORV_INLINE T total() const { return sum_of_lanes(even + odd); }
 };
 template <class C>
 requires std::is_class_v<C>
@@ -62,7 +41,11 @@ struct ProductSums<C> {
         by_re = fma(input, even_twice(tap), by_re);
         by_im = fma(input, odd_twice(tap), by_im);
     }
-    ORV_INLINE C total() const { return sum_of(add_turned(by_re, by_im), C()); }
+    ORV_INLINE C total() const
+    {
+        const auto sum = sum_by_parity(plus_i_times(by_re, by_im));
+        return {sum.even, sum.odd};
+    }
 };
 
 /// Up to 11 taps are added one by one from the oldest sample on.
@@ -85,8 +68,8 @@ ORV_INLINE T window_sum(const T* tapsRev, const T* window, int tapsLen, T newest
         }
         sum = sums.total();
     }
-    for (; i < older; ++i) sum = multiply_add(tapsRev[i], window[i], sum);
-    return multiply_add(tapsRev[older], newest, sum);
+    for (; i < older; ++i) sum = fma(tapsRev[i], window[i], sum);
+    return fma(tapsRev[older], newest, sum);
 }
 
 } // namespace ORV_VARIANT

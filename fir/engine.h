@@ -110,18 +110,6 @@ using Fir64f_16s = FirForm<fir_id("FI25"), Orv64f, Orv16s>;
 using Fir64fc_16sc = FirForm<fir_id("FI26"), Orv64fc, Orv16sc>;
 using Fir_32s = FirForm<fir_id("FI21"), Orv64f, Orv32s, Orv32s>;
 
-/// The record of a form; null if `state` is that of another one.
-template <class Form>
-typename Form::Record* record_of(OrvsFIRState* state)
-{
-    return state->id == Form::id ? static_cast<typename Form::Record*>(state) : nullptr;
-}
-template <class Form>
-const typename Form::Record* record_of(const OrvsFIRState* state)
-{
-    return state->id == Form::id ? static_cast<const typename Form::Record*>(state) : nullptr;
-}
-
 } // namespace ORV_VARIANT
 
 #endif

@@ -6,25 +6,14 @@ using namespace ORV_VARIANT;
 
 namespace {
 
-template <class Form>
-OrvStatus filter(const typename Form::Sample* src, typename Form::Sample* dst, int len, OrvsFIRState* state,
-                 int scale = 0)
+/// State is that of floating or of integer filters.
+template <class Form, class State>
+OrvStatus filter(const typename Form::Sample* src, typename Form::Sample* dst, int len, State* state, int scale = 0)
 {
     if (const OrvStatus bad = check(len, state, src, dst)) return bad;
     auto* const s = record_of<Form>(state);
     if (!s) return orvErrWrongContext;
     return filter_stream<Form>(*s, src, dst, len, scale);
-}
-
-template <class Form>
-OrvStatus filter(const typename Form::Sample* src, typename Form::Sample* dst, int len, OrvsFIRState32s* state,
-                 int scale)
-{
-    if (const OrvStatus bad = check(len, state, src, dst)) return bad;
-    auto* const s = record_of<Form>(state);
-    if (!s) return orvErrWrongContext;
-    filter_stream(*s, src, dst, len, scale);
-    return orvOk;
 }
 
 } // namespace

@@ -158,13 +158,12 @@ void filter_few_taps(const T* src, T* dst, int len, const T* taps, const Ring<T>
     const int by_samples = rest < Sums::lanes ? len : before;
     if (rest < 1) return filter_by_samples(FloatingSum<T>(), taps, src, dst, len, ring, Converted());
 
-    T own_taps[record_taps<T>], first[record_taps<T>], last[record_taps<T>];
-    copy_array(taps, own_taps, std::size_t(ring.tapsLen));
+    T first[record_taps<T>], last[record_taps<T>];
     copy_array(src, first, std::size_t(before));
     copy_array(src + (rest - 1), last, std::size_t(ring.tapsLen));
     filter_by_samples(FloatingSum<T>(), taps, src, dst, by_samples, ring, Converted());
     if (by_samples < len) {
-        const Sums sums = {own_taps, ring.tapsLen};
+        const Sums sums = {taps, ring.tapsLen};
         if (src == dst) filter_few_taps_in_place(sums, dst, len, first);
         else
             filter_on_threads(sums, src + before, dst + before, rest,
@@ -216,14 +215,13 @@ OrvStatus filter_q15(const Orv16s* src, Orv16s* dst, int len, const Orv16s* taps
     auto& s = lay_out<Fir32s_16s>(block, tapsLen);
     s.allocated = 1;
     copy_array(taps, s.tapsTable, std::size_t(tapsLen));
-    reverse(s.tapsTable, tapsLen);
-    build_lane_table(s.tapsTable, tapsLen, s.laneTable);
+    arrange_taps(s);
     s.tapsFactor = -15;
     set_delay(s, dlyLine + *dlyIndex);
-    filter_stream(s, src, dst, len, scale);
+    filter_stream<Fir32s_16s>(s, src, dst, len, scale);
     *dlyIndex = 0;
     get_delay(s, dlyLine);
-    orvsFree(&s);
+    release(&s);
     return orvOk;
 }
 

@@ -53,16 +53,6 @@ OrvStatus init_alloc(OrvsFIRState** state, const typename Form::Taps* taps, int 
     return orvOk;
 }
 
-template <class Form>
-OrvStatus free_filter(OrvsFIRState* state)
-{
-    if (any_null(state)) return orvErrNullPointer;
-    auto* const s = record_of<Form>(state);
-    if (!s) return orvErrWrongContext;
-    if (s->allocated) release(s);
-    return orvOk;
-}
-
 // ---- Integer filters
 
 template <class Form>
@@ -106,13 +96,15 @@ OrvStatus init_alloc(OrvsFIRState32s** state, const typename Form::Taps* taps, i
     return orvOk;
 }
 
-template <class Form>
-OrvStatus free_filter(OrvsFIRState32s* state)
+// ---- Both
+
+template <class Form, class State>
+OrvStatus free_filter(State* state)
 {
     if (any_null(state)) return orvErrNullPointer;
     auto* const s = record_of<Form>(state);
     if (!s) return orvErrWrongContext;
-    if (s->allocated) orvsFree(s);
+    if (s->allocated) release(s);
     return orvOk;
 }
 

@@ -44,6 +44,12 @@ typename Form::Record& lay_out(Orv8u* block, int tapsLen)
     return s;
 }
 
+template <class T>
+void release(FirState32s<T>* s)
+{
+    orvsFree(s);
+}
+
 } // namespace ORV_VARIANT
 
 #endif

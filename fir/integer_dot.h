@@ -3,18 +3,9 @@
 #ifndef ORV_FIR_INTEGER_DOT_H
 #define ORV_FIR_INTEGER_DOT_H
 
-#include "frame/complex.h"
-#include "simd/lanes.h"
-#include "simd/vec.h"
+#include "frame/reduce.h"
 
 namespace ORV_VARIANT {
-
-ORV_INLINE Orv32u sum_of_lanes(vec<Orv32s> v)
-{
-    v = v + swap_halves(v);
-    v = v + as<Orv32s>(swap_pairs(as<Orv64f>(v)));
-    return Orv32u(_mm256_extract_epi32(v.r, 0)) + Orv32u(_mm256_extract_epi32(v.r, 1));
-}
 
 ORV_INLINE Orv32u product(Orv16s a, Orv16s b) { return Orv32u(Orv32s(a) * b); }
 
@@ -24,7 +15,7 @@ ORV_INLINE Orv32s window_sum(const Orv16s* tapsRev, const Orv16s* window, int ta
     vec<Orv32s> sums = splat(Orv32s(0));
     int i = 0;
     for (; i + 16 <= older; i += 16) sums = sums + multiply_add_pairs(load(tapsRev + i), load(window + i));
-    Orv32u sum = i > 0 ? sum_of_lanes(sums) : 0;
+    Orv32u sum = i > 0 ? Orv32u(sum_of_lanes(sums)) : 0;
     for (; i < older; ++i) sum += product(tapsRev[i], window[i]);
     return Orv32s(sum + product(tapsRev[older], newest));
 }
@@ -40,7 +31,7 @@ ORV_INLINE Orv32sc window_sum(const Orv16sc* tapsRev, const Orv16sc* window, int
         re_sums = re_sums + multiply_add_pairs((tap ^ im_signs) - im_signs, x);
         im_sums = im_sums + multiply_add_pairs(swap_pairs(tap), x);
     }
-    Orv32u re = i > 0 ? sum_of_lanes(re_sums) : 0, im = i > 0 ? sum_of_lanes(im_sums) : 0;
+    Orv32u re = i > 0 ? Orv32u(sum_of_lanes(re_sums)) : 0, im = i > 0 ? Orv32u(sum_of_lanes(im_sums)) : 0;
     for (; i < tapsLen; ++i) {
         const Orv16sc tap = tapsRev[i], x = i < older ? window[i] : newest;
         re += product(tap.re, x.re) - product(tap.im, x.im);

@@ -24,30 +24,6 @@ using Fir32s_16s32f = IntegerForm<fir_id("FI09"), Orv16s, Orv32f>;
 using Fir32sc_16sc = IntegerForm<fir_id("FI10"), Orv16sc, Orv32sc>;
 using Fir32sc_16sc32fc = IntegerForm<fir_id("FI10"), Orv16sc, Orv32fc>;
 
-/// The record of a form; null if `state` is that of another one.
-template <class Form>
-typename Form::Record* record_of(OrvsFIRState32s* state)
-{
-    return state->id == Form::id ? static_cast<typename Form::Record*>(state) : nullptr;
-}
-template <class Form>
-const typename Form::Record* record_of(const OrvsFIRState32s* state)
-{
-    return state->id == Form::id ? static_cast<const typename Form::Record*>(state) : nullptr;
-}
-
-/// Values of an element, real or complex.
-template <class T>
-inline constexpr int values_of = std::is_class_v<T> ? 2 : 1;
-
-/// Samples and taps as an array of values.
-template <class T>
-ORV_INLINE auto values(T* elements)
-{
-    if constexpr (std::is_class_v<std::remove_const_t<T>>) return parts(elements);
-    else return elements;
-}
-
 // ---- Taps of 16 bits with a power of two in common. Each function fills `stored` and returns the power.
 
 inline constexpr Orv64s magnitude(Orv64s tap) { return tap < 0 ? -tap : tap; }
@@ -115,14 +91,21 @@ inline void build_lane_table(const Orv16sc* tapsRev, int tapsLen, Orv32s* table)
     }
 }
 
+/// Of taps that stand in tapsTable in their own order.
+template <class T>
+void arrange_taps(FirState32s<T>& s)
+{
+    reverse(s.tapsTable, s.tapsLen);
+    build_lane_table(s.tapsTable, s.tapsLen, s.laneTable);
+}
+
 /// tapsFactor is the caller's.
 template <class T, class Taps>
 void set_taps(FirState32s<T>& s, const Taps* taps, int tapsFactor)
 {
     const int power = store_taps(values(taps), values(s.tapsTable), s.tapsLen * values_of<T>);
     s.tapsFactor = Orv32s(Orv32u(tapsFactor) + Orv32u(power));
-    reverse(s.tapsTable, s.tapsLen);
-    build_lane_table(s.tapsTable, s.tapsLen, s.laneTable);
+    arrange_taps(s);
 }
 
 // ---- Filtering
@@ -134,16 +117,20 @@ void filter_block(FirState32s<T>& s, const T* src, T* dst, int len, int scale)
     direct_road(sums, s, src, dst, len, 1);
 }
 
-template <class T>
-void filter_stream(FirState32s<T>& s, const T* src, T* dst, int len, int scale)
+template <class Form, class T>
+OrvStatus filter_stream(FirState32s<T>& s, const T* src, T* dst, int len, int scale)
 {
-    if (src != dst) return filter_block(s, src, dst, len, scale);
+    if (src != dst) {
+        filter_block(s, src, dst, len, scale);
+        len = 0;
+    }
     while (len > 0) {
         const int n = len < bounce_len ? len : bounce_len;
         filter_block(s, dst, s.bounce, n, scale);
         copy_array(s.bounce, dst, std::size_t(n));
         len -= n, dst += n;
     }
+    return orvOk;
 }
 
 } // namespace ORV_VARIANT

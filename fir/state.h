@@ -74,6 +74,14 @@ struct FirState32s : OrvsFIRState32s {
     Orv32s allocated;
 };
 
+/// The record of a form; null if `state` is that of another one.
+template <class Form, class State>
+auto* record_of(State* state)
+{
+    using Record = std::conditional_t<std::is_const_v<State>, const typename Form::Record, typename Form::Record>;
+    return state->id == Form::id ? static_cast<Record*>(state) : nullptr;
+}
+
 } // namespace ORV_VARIANT
 
 #endif

@@ -14,6 +14,21 @@ ORV_INLINE bool is_aligned(const T* p)
     return reinterpret_cast<std::size_t>(p) % 32 == 0;
 }
 
+/// p, or the first address behind it that is a multiple of a power of two.
+template <class P>
+ORV_INLINE P* aligned_up(P* p, std::size_t alignment)
+{
+    return reinterpret_cast<P*>((reinterpret_cast<std::size_t>(p) + (alignment - 1)) & ~(alignment - 1));
+}
+
+/// How many elements lie before the next multiple of `bytes`; 0 if whole ones, of unit values each, do not reach it.
+template <int unit = 1, class T>
+ORV_INLINE std::ptrdiff_t elements_before(std::size_t bytes, const T* p)
+{
+    const auto address = reinterpret_cast<std::size_t>(p);
+    return address % (unit * sizeof(T)) == 0 ? std::ptrdiff_t(-address % bytes / sizeof(T)) : 0;
+}
+
 /// The last i from 1 to N, a multiple of unit, for which d + i is aligned; N if there is none. (So it is N if d itself
 /// is aligned, and then sources that lie like d are read as well aligned as they are.) unit is the number of lanes that
 /// belong together: 2 for complex values.

@@ -23,6 +23,33 @@ ORV_INLINE const part_of<C>* parts(const C* z)
     return reinterpret_cast<const part_of<C>*>(z);
 }
 
+/// The complex type of 16-bit integers or floats.
+template <class T>
+using complex_of = std::conditional_t<sizeof(T) == 2, Orv16sc, std::conditional_t<sizeof(T) == 4, Orv32fc, Orv64fc>>;
+
+/// Values of an element, real or complex, and their type.
+template <class T>
+inline constexpr int values_of = std::is_class_v<T> ? 2 : 1;
+template <class T>
+struct value_type {
+    using type = T;
+};
+template <class C>
+requires std::is_class_v<C>
+struct value_type<C> {
+    using type = part_of<C>;
+};
+template <class T>
+using value_of = typename value_type<T>::type;
+
+/// An array of elements as one of values.
+template <class T>
+ORV_INLINE auto values(T* elements)
+{
+    if constexpr (std::is_class_v<std::remove_const_t<T>>) return parts(elements);
+    else return elements;
+}
+
 /// The same as an array of 64-bit lanes, a complex value each.
 ORV_INLINE Orv64s* whole(Orv32sc* z) { return reinterpret_cast<Orv64s*>(z); }
 ORV_INLINE Orv64s* whole(Orv32fc* z) { return reinterpret_cast<Orv64s*>(z); }

@@ -41,6 +41,10 @@ ORV_INLINE vec<Orv64f> is_greater(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256
 ORV_INLINE vec<Orv32f> is_not_within(vec<Orv32f> a, vec<Orv32f> b) { return {_mm256_cmp_ps(a.r, b.r, _CMP_NLE_UQ)}; }
 ORV_INLINE vec<Orv64f> is_not_within(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_cmp_pd(a.r, b.r, _CMP_NLE_UQ)}; }
 
+/// A not-a-number among them.
+ORV_INLINE vec<Orv32f> is_unordered(vec<Orv32f> a, vec<Orv32f> b) { return {_mm256_cmp_ps(a.r, b.r, _CMP_UNORD_Q)}; }
+ORV_INLINE vec<Orv64f> is_unordered(vec<Orv64f> a, vec<Orv64f> b) { return {_mm256_cmp_pd(a.r, b.r, _CMP_UNORD_Q)}; }
+
 /// Whether a mask has any lane.
 ORV_INLINE bool any(vec<Orv32f> mask) { return _mm256_movemask_ps(mask.r) != 0; }
 ORV_INLINE bool any(vec<Orv64f> mask) { return _mm256_movemask_pd(mask.r) != 0; }

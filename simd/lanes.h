@@ -108,6 +108,67 @@ ORV_INLINE vec<T> cross_eighths(vec<T> v)
     return {reinterpret_cast<typename vec<T>::reg>(_mm256_permutevar8x32_epi32(reinterpret_cast<__m256i>(v.r), order))};
 }
 
+// ---- One lane for all
+
+template <class T>
+ORV_INLINE T first_lane(vec<T> v)
+{
+    if constexpr (is_float<T> || sizeof(T) == 8) {
+        return T(v.r[0]);
+    } else {
+        return T(_mm256_cvtsi256_si32(v.r));
+    }
+}
+
+/// Lane k + distance in the place of each k below distance, a power of two.
+template <int distance, class T>
+ORV_INLINE vec<T> lanes_from(vec<T> v)
+{
+    constexpr int bytes = distance * int(sizeof(T));
+    if constexpr (bytes == 16) return swap_halves(v);
+    else if constexpr (bytes == 8) return as<T>(swap_pairs(as<Orv64f>(v)));
+    else if constexpr (bytes == 4) return as<T>(swap_pairs(as<Orv32f>(v)));
+    else if constexpr (bytes == 2) return as<T>(shift_right_logical(as<Orv32u>(v), by(16)));
+    else return as<T>(shift_right_logical(as<Orv16u>(v), by(8)));
+}
+
+/// f of all lanes, or, in the first ones, of every unit-th lane: of the lower half of them and the upper half, of what
+/// that gives, and so on.
+template <int unit = 1, class F, class T>
+ORV_INLINE vec<T> fold_lanes(F f, vec<T> v)
+{
+    const auto step = [&](auto next, auto distance) ORV_INLINE_LAMBDA -> void {
+        v = f(v, lanes_from<distance>(v));
+        if constexpr (distance > unit) next(next, std::integral_constant<int, distance / 2>{});
+    };
+    step(step, std::integral_constant<int, vec<T>::N / 2>{});
+    return v;
+}
+template <class F, class T>
+ORV_INLINE T fold(F f, vec<T> v)
+{
+    return first_lane(fold_lanes(f, v));
+}
+
+/// All lanes added.
+template <class T>
+ORV_INLINE T sum_of_lanes(vec<T> v)
+{
+    return fold([](vec<T> a, vec<T> b) ORV_INLINE_LAMBDA { return a + b; }, v);
+}
+
+/// The even lanes added, and the odd ones.
+template <class T>
+struct sums_by_parity {
+    T even, odd;
+};
+template <class T>
+ORV_INLINE sums_by_parity<T> sum_by_parity(vec<T> v)
+{
+    v = fold_lanes<2>([](vec<T> a, vec<T> b) ORV_INLINE_LAMBDA { return a + b; }, v);
+    return {first_lane(v), first_lane(lanes_from<1>(v))};
+}
+
 // ---- Reversal
 
 /// The lanes in reverse order, where unit lanes keep together. For partial vectors too: what load_n arranges comes out

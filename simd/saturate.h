@@ -24,8 +24,12 @@ ORV_INLINE vec<T> limit_by_sign(vec<T> v)
 template <class T>
 requires(!is_float<T>) ORV_INLINE vec<T> min(vec<T> a, vec<T> b)
 {
-    if constexpr (std::is_same_v<T, Orv16s>) {
+    if constexpr (std::is_same_v<T, Orv8u>) {
+        return {_mm256_min_epu8(a.r, b.r)};
+    } else if constexpr (std::is_same_v<T, Orv16s>) {
         return {_mm256_min_epi16(a.r, b.r)};
+    } else if constexpr (std::is_same_v<T, Orv16u>) {
+        return {_mm256_min_epu16(a.r, b.r)};
     } else if constexpr (std::is_same_v<T, Orv32s>) {
         return {_mm256_min_epi32(a.r, b.r)};
     } else if constexpr (std::is_same_v<T, Orv32u>) {
@@ -37,8 +41,12 @@ requires(!is_float<T>) ORV_INLINE vec<T> min(vec<T> a, vec<T> b)
 }
 
 /// The larger one.
+ORV_INLINE vec<Orv8u> max(vec<Orv8u> a, vec<Orv8u> b) { return {_mm256_max_epu8(a.r, b.r)}; }
 ORV_INLINE vec<Orv16s> max(vec<Orv16s> a, vec<Orv16s> b) { return {_mm256_max_epi16(a.r, b.r)}; }
+ORV_INLINE vec<Orv16u> max(vec<Orv16u> a, vec<Orv16u> b) { return {_mm256_max_epu16(a.r, b.r)}; }
 ORV_INLINE vec<Orv32s> max(vec<Orv32s> a, vec<Orv32s> b) { return {_mm256_max_epi32(a.r, b.r)}; }
+ORV_INLINE vec<Orv32u> max(vec<Orv32u> a, vec<Orv32u> b) { return {_mm256_max_epu32(a.r, b.r)}; }
+ORV_INLINE vec<Orv64s> max(vec<Orv64s> a, vec<Orv64s> b) { return blend(is_greater(a, b), a, b); }
 
 template <class T>
 ORV_INLINE vec<T> add_sat(vec<T> a, vec<T> b)
@@ -79,6 +87,10 @@ ORV_INLINE vec<T> sub_sat(vec<T> a, vec<T> b)
         return blend_by_sign((a ^ b) & (a ^ difference), limit_by_sign(a), difference);
     }
 }
+
+/// The magnitude, whatever the value.
+ORV_INLINE vec<Orv16u> magnitude(vec<Orv16s> v) { return {_mm256_abs_epi16(v.r)}; }
+ORV_INLINE vec<Orv32u> magnitude(vec<Orv32s> v) { return {_mm256_abs_epi32(v.r)}; }
 
 /// The magnitude; that of the minimum is the maximum.
 ORV_INLINE vec<Orv16s> abs_sat(vec<Orv16s> v)

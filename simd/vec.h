@@ -6,6 +6,7 @@
 #ifndef ORV_SIMD_VEC_H
 #define ORV_SIMD_VEC_H
 
+#include <cstddef>
 #include <immintrin.h>
 #include <limits>
 #include <type_traits>
@@ -239,6 +240,20 @@ ORV_INLINE void stream(T* p, halves<T> v)
 
 ORV_INLINE void store_fence() { _mm_sfence(); }
 
+/// All bits of the first n lanes, 0 <= n <= N.
+template <class T>
+requires(sizeof(T) >= 4) ORV_INLINE vec<word_of<T>> first_lanes(std::ptrdiff_t n)
+{
+    static constexpr Orv32s words[16] = {-1, -1, -1, -1, -1, -1, -1, -1};
+    return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(words + 8 - n * std::ptrdiff_t(sizeof(T) / 4)))};
+}
+/// The lanes that the mask has, and zeros. Nothing else is read.
+template <class T>
+ORV_INLINE vec<T> load_masked(const T* p, vec<word_of<T>> mask)
+{
+    return {reinterpret_cast<typename vec<T>::reg>(_mm256_maskload_epi32(reinterpret_cast<const int*>(p), mask.r))};
+}
+
 /// A piece of memory as a value, at any alignment.
 template <class Word>
 ORV_INLINE Word peek(const char* p)
@@ -433,6 +448,10 @@ ORV_INLINE vec<Orv64f> fma(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f> c) { return
 ORV_INLINE vec<Orv32f> fnma(vec<Orv32f> a, vec<Orv32f> b, vec<Orv32f> c) { return {_mm256_fnmadd_ps(a.r, b.r, c.r)}; }
 ORV_INLINE vec<Orv64f> fnma(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f> c) { return {_mm256_fnmadd_pd(a.r, b.r, c.r)}; }
 
+/// The same of single values.
+ORV_INLINE Orv32f fma(Orv32f a, Orv32f b, Orv32f c) { return __builtin_fmaf(a, b, c); }
+ORV_INLINE Orv64f fma(Orv64f a, Orv64f b, Orv64f c) { return __builtin_fma(a, b, c); }
+
 // ---- Pairs of lanes: complex numbers as (re, im)
 
 template <class T>
@@ -483,6 +502,17 @@ ORV_INLINE vec<Orv64f> fma_add_subtract(vec<Orv64f> a, vec<Orv64f> b, vec<Orv64f
 {
     return {_mm256_fmsubadd_pd(a.r, b.r, c.r)};
 }
+/// a + i b and a - i b.
+template <class T>
+ORV_INLINE vec<T> plus_i_times(vec<T> a, vec<T> b)
+{
+    return fma_subtract_add(a, splat(T(1)), swap_pairs(b));
+}
+template <class T>
+ORV_INLINE vec<T> minus_i_times(vec<T> a, vec<T> b)
+{
+    return fma_add_subtract(a, splat(T(1)), swap_pairs(b));
+}
 /// Each of four lanes as a pair.
 template <class T>
 ORV_INLINE vec<T> as_pairs(vec<T, 4> v)
@@ -492,6 +522,14 @@ ORV_INLINE vec<T> as_pairs(vec<T, 4> v)
         _mm256_permutevar8x32_epi32(_mm256_castsi128_si256(v.r), _mm256_setr_epi32(0, 0, 1, 1, 2, 2, 3, 3));
     return {reinterpret_cast<typename vec<T>::reg>(lanes)};
 }
+template <class T>
+requires(sizeof(T) == 8) ORV_INLINE vec<T> as_pairs(vec<T, 2> v)
+{
+    return {reinterpret_cast<typename vec<T>::reg>(_mm256_permute4x64_epi64(_mm256_castsi128_si256(v.r), 0x50))};
+}
+/// The same of two lanes, in half a register.
+template <class T>
+requires(sizeof(T) == 4) ORV_INLINE vec<T, 4> as_pairs(vec<T, 2> v) { return {_mm_unpacklo_epi32(v.r, v.r)}; }
 /// -re, im: flips the sign bit, so it is exact for every value.
 template <class T>
 ORV_INLINE vec<T> negate_even(vec<T> v)
@@ -549,6 +587,8 @@ ORV_INLINE bool any_bit(vec<T> v)
 {
     return !_mm256_testz_si256(v.r, v.r);
 }
+/// A bit a byte: its top bit.
+ORV_INLINE Orv32u top_bits_of_bytes(vec<Orv8u> v) { return Orv32u(_mm256_movemask_epi8(v.r)); }
 /// Whether any lane is negative.
 ORV_INLINE bool any_sign(vec<Orv32s> v) { return _mm256_movemask_ps(_mm256_castsi256_ps(v.r)) != 0; }
 ORV_INLINE bool any_sign(vec<Orv64s> v) { return _mm256_movemask_pd(_mm256_castsi256_pd(v.r)) != 0; }
@@ -636,6 +676,8 @@ ORV_INLINE auto widen(vec<T, N> v)
         return vec<Orv16u>{_mm256_cvtepu8_epi16(v.r)};
     } else if constexpr (std::is_same_v<T, Orv16s>) {
         return vec<Orv32s>{_mm256_cvtepi16_epi32(v.r)};
+    } else if constexpr (std::is_same_v<T, Orv32u>) {
+        return vec<Orv64u>{_mm256_cvtepu32_epi64(v.r)};
     } else {
         static_assert(std::is_same_v<T, Orv32s>);
         return vec<Orv64s>{_mm256_cvtepi32_epi64(v.r)};

@@ -79,12 +79,12 @@ ORV_INLINE C minus_i_times(C a, C b)
 template <class T>
 ORV_INLINE Pairs<T> plus_i_times(Pairs<T> a, Pairs<T> b)
 {
-    return {fma_subtract_add(a.v, splat(T(1)), swap_pairs(b.v))};
+    return {plus_i_times(a.v, b.v)};
 }
 template <class T>
 ORV_INLINE Pairs<T> minus_i_times(Pairs<T> a, Pairs<T> b)
 {
-    return {fma_add_subtract(a.v, splat(T(1)), swap_pairs(b.v))};
+    return {minus_i_times(a.v, b.v)};
 }
 
 /// a + w b and a - w b for the quarter turn w of the direction: -i forward, i inverse.
@@ -139,12 +139,10 @@ ORV_INLINE Pairs<T> subtract_scaled(Pairs<T> a, T s, Pairs<T> b)
     return {fnma(splat(s), b.v, a.v)};
 }
 
-ORV_INLINE Orv32f fused(Orv32f a, Orv32f b, Orv32f c) { return __builtin_fmaf(a, b, c); }
-ORV_INLINE Orv64f fused(Orv64f a, Orv64f b, Orv64f c) { return __builtin_fma(a, b, c); }
 template <class T>
 ORV_INLINE Single<T> add_scaled(Single<T> a, T s, Single<T> b)
 {
-    return {fused(s, b.re, a.re), fused(s, b.im, a.im)};
+    return {fma(s, b.re, a.re), fma(s, b.im, a.im)};
 }
 template <class T>
 ORV_INLINE Single<T> subtract_scaled(Single<T> a, T s, Single<T> b)

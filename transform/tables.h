@@ -3,6 +3,7 @@
 #ifndef ORV_TRANSFORM_TABLES_H
 #define ORV_TRANSFORM_TABLES_H
 
+#include "frame/alignment.h"
 #include "transform/sine.h"
 
 namespace ORV_VARIANT {
@@ -11,7 +12,7 @@ namespace ORV_VARIANT {
 template <class P>
 ORV_INLINE P* aligned(P* p)
 {
-    return reinterpret_cast<P*>((reinterpret_cast<std::size_t>(p) + 63) & ~std::size_t(63));
+    return aligned_up(p, 64);
 }
 
 /// sin(2 pi k / 2^order) for k = 0 ... 2^order / 4; order >= 11.

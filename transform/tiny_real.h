@@ -23,7 +23,7 @@ ORV_INLINE void rotated_sum_and_difference(Single<T> a, Single<T> b, Single<T>& 
         const Single<T> turned = minus_i_times(b, b);
         sum = add_scaled(a, w.re, turned), difference = subtract_scaled(a, w.re, turned);
     } else {
-        const Single<T> product = {fused(b.im, -w.im, b.re * w.re), fused(b.re, w.im, b.im * w.re)};
+        const Single<T> product = {fma(b.im, -w.im, b.re * w.re), fma(b.re, w.im, b.im * w.re)};
         sum = a + product, difference = a - product;
     }
 }
@@ -33,7 +33,7 @@ ORV_INLINE Single<T> rotated_back(Single<T> b)
 {
     constexpr Factor<T> w = fixed_factors<T>.at(k, n);
     if constexpr (8 * k == n) return plus_i_times(b, b) * w.re;
-    else return {fused(b.im, w.im, b.re * w.re), fused(b.re, -w.im, b.im * w.re)};
+    else return {fma(b.im, w.im, b.re * w.re), fma(b.re, -w.im, b.im * w.re)};
 }
 
 /// The numbers k from 1 to below n / 4, each with its mirror image n / 2 - k.

@@ -44,6 +44,9 @@
  *
  * Sums of floating types use fused multiply-adds and round as the caller's floating-point state says, on all threads.
  *
+ * Shapes: taps is an array of tapsLen elements, taps[0] first; src, dst and srcDst have len samples; a dlyLine that goes
+ * into a record or comes out of one has tapsLen samples, newest first.
+ *
  * Common to the whole header: arrays have any alignment, and nothing outside them is touched, not even read. Source and
  * destination are the same array or do not overlap. Block calls allocate nothing, unless told otherwise.
  *
