@@ -7,6 +7,7 @@
 #include "orvs/core.h"
 #include "orvs/fir.h"
 #include "orvs/frame.h"
+#include "orvs/stats.h"
 #include "orvs/transform.h"
 #include "orvs/types.h"
 
