@@ -179,4 +179,15 @@ void multiply_add_16s(double operations)
     }
 }
 
+void widen_32f(double values)
+{
+    alignas(64) static const float source[32] = {};
+    for (auto steps = static_cast<long>(values / 32); steps > 0; --steps) {
+        for (int k = 0; k < 32; k += 4) {
+            __m256d wide;
+            asm volatile("vcvtps2pd %1, %0" : "=x"(wide) : "m"(*reinterpret_cast<const __m128*>(source + k)));
+        }
+    }
+}
+
 } // namespace bench

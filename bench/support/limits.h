@@ -48,6 +48,9 @@ void multiply_add_64f(double operations);
 /// two, and counts as 32 operations. The additions of the pairs to sums come for nothing.
 void multiply_add_16s(double operations);
 
+/// That many floats widened to doubles, four an instruction.
+void widen_32f(double values);
+
 } // namespace bench
 
 #endif

@@ -33,16 +33,23 @@ void Row::limit_resized(const void* src, std::size_t src_bytes, void* dst, std::
     if (src_bytes + dst_bytes > largest_cache() / 4) add("limit_past_caches", [=] { move_resized_past_caches(sizes); });
 }
 
+void Row::limit_rate(void (*loop)(double), double count)
+{
+    const double timed = std::max(count, 1e5); // a few alone would take the time in which the chains start and end
+    add("limit_rate", [=] { loop(timed); });
+    entries.back().share = count / timed;
+}
+
 template <class T>
 void Row::limit_operations(double n)
 {
-    const double timed = std::max(n, 1e5); // a few alone would take the time in which the chains start and end
-    if constexpr (std::is_same_v<T, float>) add("limit_operations", [=] { multiply_add_32f(timed); });
-    else if constexpr (std::is_same_v<T, double>) add("limit_operations", [=] { multiply_add_64f(timed); });
-    else add("limit_operations", [=] { multiply_add_16s(timed); });
-    entries.back().share = n / timed;
+    if constexpr (std::is_same_v<T, float>) limit_rate(multiply_add_32f, n);
+    else if constexpr (std::is_same_v<T, double>) limit_rate(multiply_add_64f, n);
+    else limit_rate(multiply_add_16s, n);
     operations = n;
 }
+
+void Row::limit_widening(double values) { limit_rate(widen_32f, values); }
 
 template void Row::limit_operations<float>(double);
 template void Row::limit_operations<double>(double);
@@ -97,9 +104,7 @@ benchmark::UserCounters Row::results() const
     for (const char* road : {"limit_long_steps", "limit_short_steps", "limit_past_caches"}) {
         if (ns.contains(road)) limit = std::min(limit, ns[road]);
     }
-    if (ns.contains("limit_operations")) {
-        limit = std::isinf(limit) ? ns["limit_operations"] : std::max(limit, ns["limit_operations"]);
-    }
+    if (ns.contains("limit_rate")) limit = std::isinf(limit) ? ns["limit_rate"] : std::max(limit, ns["limit_rate"]);
 
     benchmark::UserCounters results;
     if (std::isfinite(limit)) results["limit"] = limit;

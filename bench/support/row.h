@@ -66,6 +66,9 @@ public:
     template <class T>
     void limit_operations(double operations);
 
+    /// Nobody is faster than the converters: the time to widen that many floats to doubles, in place of operations.
+    void limit_widening(double values);
+
     /// Times all entries in turns. Returns what the first call of ours returned.
     OrvStatus measure();
 
@@ -91,6 +94,8 @@ private:
                                }
                            }});
     }
+
+    void limit_rate(void (*loop)(double), double count);
 
     Arrays arrays;
     std::vector<Entry> entries;
